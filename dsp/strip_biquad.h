@@ -1,0 +1,119 @@
+#pragma once
+
+#include "dsp/biquad_design.h"
+#include "dsp/coefficient_glide.h"
+#include "dsp/flush.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace velmora {
+
+/// The strip's second-order section in double precision. A change of any setting redesigns it and starts a
+/// glide to the new design, so it never jumps. It heals itself of NaN at input and output.
+class StripBiquad {
+public:
+    /// As `initStripBiquad` with the start values of most modules: 44100 Hz, 1000 Hz, Q 1, 0 dB.
+    explicit StripBiquad(StripBiquadKind kind = StripBiquadKind::None, double frequency = 1000.0,
+                         double q = 1.0, double gainDb = 0.0);
+
+    /// Stores the five values as given, unclamped, and takes the neutral state: disabled, unity, at rest. It
+    /// doesn't design; the first setter does. A glide lasts 60 ms at this rate, and keeps that many samples.
+    void initStripBiquad(double sampleRate, StripBiquadKind kind, double frequency, double q, double gainDb);
+
+    void setKind(std::int32_t kind); ///< anything outside 0..10 becomes None
+    void setFrequency(double hz);    ///< clamped to 0.001 Hz .. sample rate
+    void setQ(double q);             ///< clamped to 0.0001 .. 1000
+    void setGainDb(double db);       ///< clamped to -1000 .. 1000 dB
+    void setSampleRate(double hz);   ///< clamped to 44100 .. 384000 Hz; the glide's length stays
+
+    /// Switches the section on or off: clears the history and lands on the target. It doesn't redesign, and a
+    /// section designed while disabled has a unity target: set a design value after enabling.
+    void setEnabled(bool enabled);
+
+    void setSoftLimit(bool on);
+    /// Strength of the limit inside the feedback loop; stored in thousandths.
+    void setSoftLimitAmount(double thousandths);
+
+    void resetState(); ///< clears the history and lands on the target
+    void snapToTarget() { glide_.snap(); }
+    void snapCoefficients() { glide_.snapCoefficients(); }
+
+    /// One sample; advances a glide.
+    double runSample(double x)
+    {
+        if (settings_.kind == StripBiquadKind::None) return x;
+        if (!enabled_) return passDisabled(x);
+        return step(x, glide_.advance());
+    }
+
+    /// `count` samples in place; advances a glide. Nothing happens for a count of 0 or less.
+    void runBlock(double* buffer, int count);
+
+    /// One sample on the target coefficients: no glide, nothing of the roots touched.
+    double runSampleFixed(double x) { return step(x, glide_.target()); }
+
+    StripBiquadKind kind() const { return settings_.kind; }
+    double frequency() const { return settings_.frequency; }
+    double q() const { return settings_.q; }
+    double gainDb() const { return settings_.gainDb; }
+    double sampleRate() const { return settings_.sampleRate; }
+    bool enabled() const { return enabled_; }
+    const CoefficientGlide& glide() const { return glide_; }
+    /// Last output; 0 after a reset.
+    double lastOutput() const { return history_.y1; }
+
+private:
+    struct History {
+        double x1 = 0.0, x2 = 0.0;
+        double y1 = 0.0, y2 = 0.0;
+    };
+
+    static constexpr double kFlush = 1e-30;
+    static constexpr double kSoftLimitScale = 0.001;
+
+    // The recursion of one sample before history moves on. Order of terms is part of the sound.
+    double recursion(double x0, const BiquadCoefficients& c) const
+    {
+        double r =
+            c.b0 * x0 + c.b1 * history_.x1 + c.b2 * history_.x2 - c.a1 * history_.y1 - c.a2 * history_.y2;
+        if (softLimit_) r = r / (std::fabs(r) * softLimitFactor_ + 1.0);
+        return flush(r, kFlush);
+    }
+
+    void shift(double x0, double y)
+    {
+        history_.x2 = history_.x1;
+        history_.x1 = x0;
+        history_.y2 = history_.y1;
+        history_.y1 = y;
+    }
+
+    double step(double x, const BiquadCoefficients& c)
+    {
+        const double x0 = std::isnan(x) ? 0.0 : x;
+        double y = recursion(x0, c);
+        if (std::isnan(y)) y = history_.y1 = 0.0;
+        shift(x0, y);
+        return y;
+    }
+
+    double passDisabled(double x)
+    {
+        history_ = {};
+        return x;
+    }
+
+    void redesign();
+    void updateSoftLimitFactor();
+
+    BiquadSettings settings_;
+    bool enabled_ = false;
+    bool softLimit_ = false;
+    double softLimitAmount_ = kSoftLimitScale;
+    double softLimitFactor_ = 0.0;
+    CoefficientGlide glide_;
+    History history_;
+};
+
+} // namespace velmora

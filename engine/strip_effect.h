@@ -1,0 +1,134 @@
+#pragma once
+
+#include "dsp/flush.h"
+#include "dsp/meter_cell.h"
+#include "engine/audio_record.h"
+#include "params/parameter_ids.h"
+
+#include <cmath>
+#include <cstdint>
+
+namespace velmora {
+
+/// Base of every processing module of the rack.
+///
+/// A module is addressed by a window of parameter ids and a window of meter ids, and works on ids relative to
+/// their bases, so one class serves a fixed role and an insert alike. The engine drives it with `processMono`
+/// in sub-blocks of at most 64 samples. All operations but `getMeter` come on the audio thread, or on the
+/// host's main thread while audio is stopped; `getMeter` may come from any thread at any time.
+class StripEffect {
+public:
+    StripEffect(std::uint32_t windowBaseId, std::uint32_t meterBaseId, std::uint32_t localBaseId)
+        : windowBase(windowBaseId), meterBase(meterBaseId), localBase(localBaseId)
+    {
+    }
+    virtual ~StripEffect() = default;
+    StripEffect(const StripEffect&) = delete;
+    StripEffect& operator=(const StripEffect&) = delete;
+
+    /// Returns the module to silence: clears filters, detectors and meters, lands smoothed values on their
+    /// targets.
+    virtual void reset() = 0;
+    /// Stores the rate in Hz, clamped by the class, and recomputes what depends on it. Clears no state.
+    virtual void setSampleRate(double hz) = 0;
+    /// @param id parameter id of the module's window (or a meter id of it); unknown ids are ignored.
+    /// @param value normalised, 0..1.
+    virtual void setParameter(std::uint32_t id, double value) = 0;
+    /// Sets the relative ids 16..47 to the defaults of the module's kind.
+    virtual void loadDefaults() = 0;
+    /// Two-channel form; nothing in this mono program calls it.
+    virtual void processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames) = 0;
+    /// Mono form: reads channel 0 of pair 0, writes the result to both channels of pair 0. @range
+    /// frames 1..64
+    virtual void processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames) = 0;
+    /// Writes the reading 0..1 of a meter id that the class knows; leaves `out` alone for others.
+    virtual void getMeter(std::uint32_t id, double* out) = 0;
+    /// Called instead of processing while the engine passes audio through: clears the meters.
+    virtual void resetMeters() = 0;
+    virtual void activate() = 0;
+    /// From here on the module passes audio through, metered.
+    virtual void deactivate() = 0;
+
+protected:
+    /// Id relative to the window; a meter id gives an offset behind the window's own.
+    ParameterId relative(std::uint32_t id) const { return static_cast<ParameterId>(id - windowBase); }
+
+    static constexpr double kMinSampleRate = 44100.0;
+    static constexpr double kMaxSampleRate = 384000.0;
+
+    /// A switch or stepped parameter's integer: the whole part of value x steps + 0.5.
+    static std::int32_t decodeStep(double value, double steps = 1.0)
+    {
+        return static_cast<std::int32_t>(value * steps + 0.5);
+    }
+    /// Type parameter of a fixed module: variant 0..15.
+    static std::int32_t decodeType(double value) { return decodeStep(value, 15.0); }
+
+    /// Copies the input pair to every pair of the output mask, metered: input and output meters read alike.
+    void processThrough(const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
+
+    void meterInMono(double x) { inMeter = inEnvL = detectorStep(x, inEnvL); }
+    void meterOutMono(double x) { outMeter = outEnvL = detectorStep(x, outEnvL); }
+    void meterInStereo(double l, double r)
+    {
+        inEnvL = detectorStep(l, inEnvL);
+        inEnvR = detectorStep(r, inEnvR);
+        inMeter = inEnvL > inEnvR ? inEnvL : inEnvR;
+    }
+    void meterOutStereo(double l, double r)
+    {
+        outEnvL = detectorStep(l, outEnvL);
+        outEnvR = detectorStep(r, outEnvR);
+        outMeter = outEnvL > outEnvR ? outEnvL : outEnvR;
+    }
+
+    /// Writes y to both channels of output pair 0, if the mask has it.
+    void writeMono(const AudioRecord& out, std::int32_t index, double y) const
+    {
+        if ((outputMask & 1) != 0) out.left(0)[index] = out.right(0)[index] = y;
+    }
+
+    /// Answers the first two meter ids. @return false for any other id, `out` untouched.
+    bool answerLevelMeters(std::uint32_t id, double* out) const
+    {
+        if (id == meterBase)
+            *out = inMeter;
+        else if (id == meterBase + 1)
+            *out = outMeter;
+        else
+            return false;
+        return true;
+    }
+
+    /// Zeroes meters and detectors and derives their coefficients from the rate.
+    void resetMeterState();
+
+    std::uint32_t windowBase;
+    std::uint32_t meterBase;
+    std::uint32_t localBase;
+    std::int32_t active = 1;
+    std::int32_t inputPair = 0;
+    std::int32_t outputMask = 1; ///< bit b: output pair b receives the result
+    double sampleRate = kMinSampleRate;
+    std::int32_t type = 1;            ///< variant, 0 = pass through
+    std::int32_t sideChainSource = 0; ///< pair of the key signal: 0 own input, 1 auxiliary
+    MeterCell inMeter;
+    MeterCell outMeter;
+    double meterAttack = 1.0;
+    double meterRelease = 0.0;
+    double inEnvL = 0.0;
+    double inEnvR = 0.0;
+    double outEnvL = 0.0;
+    double outEnvR = 0.0;
+
+private:
+    static constexpr double kMeterFlush = 1e-14;
+
+    double detectorStep(double x, double e) const
+    {
+        const double magnitude = std::fabs(x);
+        return flush(e + (magnitude - e) * (magnitude > e ? meterAttack : meterRelease), kMeterFlush);
+    }
+};
+
+} // namespace velmora

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+namespace velmora {
+
+class QORBasePresetStore;
+class QORBaseParametersController;
+
+/// The way to the host for controller, preset store and editor.
+class QORMasterController {
+public:
+    virtual ~QORMasterController() = default;
+
+    /// Sends a parameter (or a command from id 819 on) to everyone whom it concerns. @param value normalised.
+    virtual void setParameter(std::int32_t id, double value) = 0;
+    /// Keeps a user setting 0..1 by id, in single precision.
+    virtual void writeStoredSetting(std::int32_t id, double value) = 0;
+    /// Leaves `out` alone if nothing valid is stored.
+    virtual void readStoredSetting(std::int32_t id, double* out) = 0;
+    virtual QORBasePresetStore* getPresetStore() = 0;
+    virtual QORBaseParametersController* getController() = 0;
+};
+
+} // namespace velmora
