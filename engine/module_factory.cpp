@@ -1,0 +1,67 @@
+#include "engine/module_factory.h"
+
+#include "modules/through/strip_effect_through.h"
+#include "params/type_codes.h"
+
+namespace velmora {
+
+namespace {
+
+using Make = std::unique_ptr<StripEffect> (*)(const ModuleBases&);
+
+template <typename Module>
+std::unique_ptr<StripEffect> make(const ModuleBases& bases)
+{
+    return std::make_unique<Module>(bases.window, bases.meter, bases.local);
+}
+
+constexpr std::int32_t kEveryVariant = 0;
+
+struct ModuleClass {
+    ModuleKind kind;
+    std::int32_t variant;
+    Make make; ///< null: the class isn't built in
+};
+
+constexpr ModuleClass kModuleClasses[] = {
+    {ModuleKind::Preamp, kEveryVariant, nullptr},
+    {ModuleKind::Filters, kEveryVariant, nullptr},
+    {ModuleKind::Dynamics, kEveryVariant, nullptr},
+    {ModuleKind::Compressor, kEveryVariant, nullptr},
+    {ModuleKind::Equalizer, kEveryVariant, nullptr},
+    {ModuleKind::Limiter, kEveryVariant, nullptr},
+    {ModuleKind::Output, kEveryVariant, nullptr},
+    {ModuleKind::Special, 1, nullptr},
+    {ModuleKind::Special, 2, nullptr},
+    {ModuleKind::Special, 3, nullptr},
+};
+
+Make findClass(ModuleKind kind, std::int32_t variant)
+{
+    for (const ModuleClass& row : kModuleClasses)
+        if (row.kind == kind && (row.variant == kEveryVariant || row.variant == variant)) return row.make;
+    return nullptr;
+}
+
+} // namespace
+
+std::unique_ptr<StripEffect> makeFixedModule(Role role, const ModuleBases& bases)
+{
+    if (isInsert(role)) return nullptr;
+    const Make built = findClass(roleWindow(role).kind, kEveryVariant);
+    return built != nullptr ? built(bases) : make<StripEffectThrough>(bases);
+}
+
+std::unique_ptr<StripEffect> makeInsertModule(std::int32_t code, const ModuleBases& bases)
+{
+    const ModuleType* type = findModuleType(code);
+    const Make built = type != nullptr ? findClass(type->kind, type->variant) : nullptr;
+    return built != nullptr ? built(bases) : nullptr;
+}
+
+ModuleFactory productModules()
+{
+    return {makeFixedModule, makeInsertModule};
+}
+
+} // namespace velmora
