@@ -137,14 +137,17 @@ void StripEffectOutput::processMono(const AudioRecord& in, const AudioRecord& ou
     markBlockStart();
     const double* input = in.left(0);
     const bool afterFader = measuresAfterFader();
+    const double target = gainTarget;
+    FaderSmoother gain = fader;
     for (std::int32_t i = 0; i < frames; ++i) {
         const double x = input[i];
         meterInMono(x);
-        const double y = x * fader.process(gainTarget);
+        const double y = x * gain.process(target);
         measure(Left, std::fabs(afterFader ? y : x));
         meterOutMono(y);
         writeMono(out, i, y);
     }
+    fader = gain;
     mirrorLeft();
 }
 
