@@ -225,6 +225,13 @@ TEST(StripBiquad, DisabledPassesAndFreezes)
     EXPECT_EQ(section.glide().samplesLeft(), static_cast<std::uint32_t>(kGlide));
     EXPECT_EQ(section.glide().target().b0, 1.0);
 
+    // Off and on without a sample in between clears the history too.
+    StripBiquad toggled = landed(Kind::LowPass, 200.0);
+    for (double x : input) toggled.runSample(x);
+    toggled.setEnabled(false);
+    toggled.setEnabled(true);
+    EXPECT_EQ(toggled.runSample(0.5), landed(Kind::LowPass, 200.0).runSample(0.5));
+
     // Repeating the flag does nothing: neither history nor glide is touched.
     StripBiquad running = landed(Kind::LowPass, 200.0);
     running.setFrequency(900.0);
@@ -272,9 +279,11 @@ TEST(StripBiquad, HealsFromNaN)
 TEST(StripBiquad, SoftLimitBendsTheResonance)
 {
     for (double rate : {44100.0, 96000.0}) {
-        StripBiquad section = landed(Kind::HighPass, 3000.0, 2.0, 0.0, rate);
+        StripBiquad section = landed(Kind::HighPass, 400.0, 2.0, 0.0, rate);
         section.setSoftLimitAmount(5000.0);
         section.setSoftLimit(true);
+        section.setFrequency(3000.0); // the limit follows frequency, Q and rate
+        section.resetState();
         const double k = 2.0 * (44100.0 / rate) * 5.0 * (2.0 * 3000.0 / rate) / std::pow(2.0, 0.75);
         const double straight = 10.0 * section.glide().target().b0;
         EXPECT_NEAR(section.runSample(10.0), straight / (straight * k + 1.0), 1e-12);
