@@ -14,11 +14,11 @@ struct RootPair {
     double re1, im1, re2, im2;
 };
 
-// Roots of b0 z^2 + b1 z + b2. The sign convention of the imaginary parts (first root's is negative for a
-// positive b0) is kept by numerator and denominator alike.
+// Roots of b0 z^2 + b1 z + b2. The first of a complex pair has the negative imaginary part, as long as b0 is
+// positive; with a negative b0 the two change places.
 RootPair numeratorRoots(const BiquadCoefficients& c)
 {
-    if (c.b0 == 0.0) return {0.0, 0.0, 0.0, 0.0}; // gain 0: where the zeros stand doesn't matter
+    if (c.b0 == 0.0) return {0.0, 0.0, 0.0, 0.0}; // no finite zeros; a division would leave NaN in the roots
     const double d = c.b1 * c.b1 - 4.0 * c.b0 * c.b2;
     if (d >= 0.0) {
         const double root = std::sqrt(d);
@@ -54,7 +54,8 @@ void CoefficientGlide::init(std::uint32_t length)
 {
     length_ = length;
     left_ = 0;
-    current_ = target_ = {};
+    current_ = {};
+    target_ = {};
     roots_ = {};
     roots_[Z1Re] = 1.0;
     roots_[Gain] = 1.0;
@@ -64,6 +65,7 @@ void CoefficientGlide::init(std::uint32_t length)
 
 void CoefficientGlide::aim(const BiquadCoefficients& target)
 {
+    if (left_ == 0) current_ = target_; // at rest the target itself is in use
     target_ = target;
     targetRoots_ = rootsOf(target);
     left_ = length_;

@@ -40,6 +40,7 @@ public:
     std::uint32_t samplesLeft() const { return left_; }
     std::uint32_t length() const { return length_; }
     const BiquadCoefficients& target() const { return target_; }
+    /// Coefficients of the last sample's recursion.
     const BiquadCoefficients& current() const { return left_ == 0 ? target_ : current_; }
 
 private:

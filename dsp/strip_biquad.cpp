@@ -97,13 +97,15 @@ void StripBiquad::runBlock(double* buffer, int count)
         history_ = {};
         return;
     }
+    History history = history_; // a local stays in registers
     for (int i = 0; i < count; ++i) {
         const double x0 = std::isnan(buffer[i]) ? 0.0 : buffer[i];
-        double y = recursion(x0, glide_.advance());
+        double y = recursion(x0, glide_.advance(), history);
         if (std::isnan(y)) y = 0.0; // unlike the sample form, the block form leaves the older output
-        shift(x0, y);
+        shift(history, x0, y);
         buffer[i] = y;
     }
+    history_ = history;
 }
 
 void StripBiquad::redesign()

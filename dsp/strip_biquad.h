@@ -73,28 +73,27 @@ private:
     static constexpr double kSoftLimitScale = 0.001;
 
     // The recursion of one sample before history moves on. Order of terms is part of the sound.
-    double recursion(double x0, const BiquadCoefficients& c) const
+    double recursion(double x0, const BiquadCoefficients& c, const History& h) const
     {
-        double r =
-            c.b0 * x0 + c.b1 * history_.x1 + c.b2 * history_.x2 - c.a1 * history_.y1 - c.a2 * history_.y2;
+        double r = c.b0 * x0 + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2;
         if (softLimit_) r = r / (std::fabs(r) * softLimitFactor_ + 1.0);
         return flush(r, kFlush);
     }
 
-    void shift(double x0, double y)
+    static void shift(History& h, double x0, double y)
     {
-        history_.x2 = history_.x1;
-        history_.x1 = x0;
-        history_.y2 = history_.y1;
-        history_.y1 = y;
+        h.x2 = h.x1;
+        h.x1 = x0;
+        h.y2 = h.y1;
+        h.y1 = y;
     }
 
     double step(double x, const BiquadCoefficients& c)
     {
         const double x0 = std::isnan(x) ? 0.0 : x;
-        double y = recursion(x0, c);
+        double y = recursion(x0, c, history_);
         if (std::isnan(y)) y = history_.y1 = 0.0;
-        shift(x0, y);
+        shift(history_, x0, y);
         return y;
     }
 

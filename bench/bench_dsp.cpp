@@ -1,0 +1,109 @@
+#include "dsp/rise_fall_follower.h"
+#include "dsp/strip_biquad.h"
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cmath>
+
+namespace velmora::bench {
+namespace {
+
+constexpr int kBlock = 64;
+constexpr int kGlideBlocks = 41; // a glide lasts 41 blocks and a bit
+
+enum class State { Idle, Gliding };
+enum class Form { Sample, Block };
+
+std::array<double, kBlock> tone()
+{
+    std::array<double, kBlock> x{};
+    for (int i = 0; i < kBlock; ++i) x[static_cast<unsigned>(i)] = std::sin(0.13 * i);
+    return x;
+}
+
+StripBiquad peaking()
+{
+    StripBiquad section(StripBiquadKind::Peaking, 1000.0, 1.0, 6.0);
+    section.setEnabled(true);
+    section.setQ(1.0);
+    section.resetState();
+    return section;
+}
+
+void reportPerSample(benchmark::State& state)
+{
+    state.counters["ns/sample"] =
+        benchmark::Counter(static_cast<double>(state.iterations()) * kBlock * 1e-9,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
+// One redesign per glide: its share is some 0.1 ns per sample.
+template <State state, Form form>
+void section(benchmark::State& run)
+{
+    const std::array<double, kBlock> input = tone();
+    StripBiquad biquad = peaking();
+    std::array<double, kBlock> block{};
+    int blocks = 0;
+    for (auto _ : run) {
+        if (state == State::Gliding && blocks++ % kGlideBlocks == 0)
+            biquad.setFrequency(blocks % 2 == 0 ? 300.0 : 3000.0);
+        block = input;
+        if (form == Form::Block)
+            biquad.runBlock(block.data(), kBlock);
+        else
+            for (double& x : block) x = biquad.runSample(x);
+        benchmark::DoNotOptimize(block);
+    }
+    reportPerSample(run);
+}
+BENCHMARK(section<State::Idle, Form::Sample>);
+BENCHMARK(section<State::Idle, Form::Block>);
+BENCHMARK(section<State::Gliding, Form::Sample>);
+BENCHMARK(section<State::Gliding, Form::Block>);
+
+void softLimitedSection(benchmark::State& run)
+{
+    const std::array<double, kBlock> input = tone();
+    StripBiquad biquad = peaking();
+    biquad.setSoftLimit(true);
+    std::array<double, kBlock> block{};
+    for (auto _ : run) {
+        block = input;
+        biquad.runBlock(block.data(), kBlock);
+        benchmark::DoNotOptimize(block);
+    }
+    reportPerSample(run);
+}
+BENCHMARK(softLimitedSection);
+
+/// A whole setter: design, roots and increments.
+void redesign(benchmark::State& run)
+{
+    StripBiquad biquad = peaking();
+    biquad.setKind(static_cast<int>(run.range(0)));
+    double hz = 100.0;
+    for (auto _ : run) {
+        hz = hz > 10000.0 ? 100.0 : hz * 1.01;
+        biquad.setFrequency(hz);
+        benchmark::DoNotOptimize(biquad);
+    }
+}
+BENCHMARK(redesign)->ArgName("kind")->DenseRange(1, 10);
+
+void riseFallFollower(benchmark::State& run)
+{
+    const std::array<double, kBlock> input = tone();
+    RiseFallFollower follower;
+    follower.setRiseCoefficient(0.001);
+    for (auto _ : run) {
+        follower.process(input.data(), kBlock);
+        benchmark::DoNotOptimize(follower);
+    }
+    reportPerSample(run);
+}
+BENCHMARK(riseFallFollower);
+
+} // namespace
+} // namespace velmora::bench
