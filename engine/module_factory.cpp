@@ -1,5 +1,6 @@
 #include "engine/module_factory.h"
 
+#include "modules/output/strip_effect_output.h"
 #include "modules/through/strip_effect_through.h"
 #include "params/type_codes.h"
 
@@ -30,7 +31,7 @@ constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Compressor, kEveryVariant, nullptr},
     {ModuleKind::Equalizer, kEveryVariant, nullptr},
     {ModuleKind::Limiter, kEveryVariant, nullptr},
-    {ModuleKind::Output, kEveryVariant, nullptr},
+    {ModuleKind::Output, kEveryVariant, make<StripEffectOutput>},
     {ModuleKind::Special, 1, nullptr},
     {ModuleKind::Special, 2, nullptr},
     {ModuleKind::Special, 3, nullptr},

@@ -1,0 +1,51 @@
+#include "host/vst24/parameter_mailbox.h"
+
+#include "host/master/base_audio_processor.h"
+
+namespace velmora::vst24 {
+
+void ParameterMailbox::init(ParameterId id, double value)
+{
+    values[index(id)].store(static_cast<float>(value), std::memory_order_relaxed);
+    exactValues[index(id)].store(value, std::memory_order_relaxed);
+}
+
+bool ParameterMailbox::post(ParameterId id, float newValue)
+{
+    // A reaction may have moved the exact value away from what the host believes.
+    if (newValue == value(id) && newValue == static_cast<float>(exactValue(id))) return false;
+    values[index(id)].store(newValue, std::memory_order_relaxed);
+    exactValues[index(id)].store(static_cast<double>(newValue), std::memory_order_relaxed);
+    markBoth(id);
+    return true;
+}
+
+bool ParameterMailbox::postExact(ParameterId id, double newValue)
+{
+    if (newValue == exactValue(id)) return false;
+    exactValues[index(id)].store(newValue, std::memory_order_relaxed);
+    markBoth(id);
+    return true;
+}
+
+void ParameterMailbox::repostInsert(const RoleWindow& window)
+{
+    pendingForEngine.mark(window.windowBase + kSideChainOffset);
+    pendingForEngine.mark(window.windowBase + kMonitorOffset);
+    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
+        pendingForEngine.mark(window.windowBase + offset);
+}
+
+void ParameterMailbox::flush(QORBaseAudioProcessor& engine)
+{
+    if (!pendingForEngine.any()) return;
+    pendingForEngine.take().forEach([&](ParameterId id) { engine.setParameter(id, exactValue(id)); });
+}
+
+void ParameterMailbox::markBoth(ParameterId id)
+{
+    pendingForEngine.mark(id);
+    pendingForEditor.mark(id);
+}
+
+} // namespace velmora::vst24

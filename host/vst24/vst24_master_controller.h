@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/master/master_controller.h"
+
+#include <memory>
+
+namespace velmora {
+class PresetStore;
+}
+
+namespace velmora::vst24 {
+
+class QORVST24EffectWrapper;
+
+/// The way in for controller, preset store and editor. Its flags belong to whoever holds the wrapper's claim.
+class QORVST24MasterController : public QORMasterController {
+public:
+    explicit QORVST24MasterController(QORVST24EffectWrapper& effectWrapper);
+    ~QORVST24MasterController() override;
+
+    void setParameter(std::int32_t id, double value) override;
+    void writeStoredSetting(std::int32_t id, double value) override;
+    void readStoredSetting(std::int32_t id, double* out) override;
+    QORBasePresetStore* getPresetStore() override;
+    QORBaseParametersController* getController() override { return controller; }
+
+    /// A change by a control of the editor: the host hears it first, then the controller reacts.
+    void editParameter(std::int32_t id, double value);
+
+    PresetStore* store() { return presetStore.get(); }
+    void setController(QORBaseParametersController* newController) { controller = newController; }
+
+    /// The controller's reaction to a change; nothing happens while it is held back or already reacting.
+    void react(std::int32_t id, double value);
+
+private:
+    void send(std::int32_t id, double value);
+    void sendSilently(std::int32_t id, double value);
+
+    QORVST24EffectWrapper& wrapper;
+    QORBaseParametersController* controller = nullptr;
+    bool viewChange = false; // the next change sent is the reaction to an edit that the host has heard
+    bool inReaction = false;
+    bool silent = false; // the host hears, the controller doesn't
+    std::unique_ptr<PresetStore> presetStore;
+};
+
+} // namespace velmora::vst24
