@@ -9,59 +9,69 @@ namespace velmora {
 void SorrelFilter::setBand(EqBand band, const EqBandSettings& settings)
 {
     const EqSectionSettings s = sorrelSection(band, settings);
-    main_[index(band)].setDesign(s.kind, s.frequency, s.q, s.gainDb);
+    chain_[kEqPlace[index(band)]].setDesign(s.kind, s.frequency, s.q, s.gainDb);
 }
 
 void SorrelFilter::setSampleRate(double hz)
 {
-    for (StripBiquad& section : main_) section.setSampleRate(hz);
+    for (StripBiquad& section : chain_) section.setSampleRate(hz);
 }
 
 void SorrelFilter::setAnalog(bool on)
 {
-    for (StripBiquad& section : main_) section.setSoftLimit(on);
+    for (StripBiquad& section : chain_) section.setSoftLimit(on);
 }
 
 void SorrelFilter::reset()
 {
-    for (StripBiquad& section : main_) section.resetState();
+    for (StripBiquad& section : chain_) section.resetState();
+}
+
+void SorrelFilter::process(EqPiece& piece, double)
+{
+    runDiagonally<kEqBands>(piece.frames, [&](std::size_t k, std::int32_t n) {
+        const auto at = static_cast<std::size_t>(n);
+        const double y = piece.audio[at];
+        piece.audio[at] = y + (chain_[k].runSample(y) - y) * piece.mix[at][index(kEqSeries[k])];
+    });
 }
 
 void TamarinFilter::setBand(EqBand band, const EqBandSettings& settings)
 {
     const TamarinSections s = tamarinSections(band, settings);
-    bands_[index(band)].main.setDesign(s.main);
-    bands_[index(band)].counter.setDesign(s.counter);
+    main(band).setDesign(s.main);
+    counter(band).setDesign(s.counter);
 }
 
 void TamarinFilter::enableBand(EqBand band)
 {
-    bands_[index(band)].main.setEnabled(true);
-    bands_[index(band)].counter.setEnabled(true);
+    main(band).setEnabled(true);
+    counter(band).setEnabled(true);
 }
 
 void TamarinFilter::setSampleRate(double hz)
 {
-    for (Band& band : bands_) {
-        band.main.setSampleRate(hz);
-        band.counter.setSampleRate(hz);
-    }
+    for (EqSection& section : chain_) section.setSampleRate(hz);
 }
 
 void TamarinFilter::setAnalog(bool on)
 {
-    for (Band& band : bands_) {
-        band.main.setAnalog(on);
-        band.counter.setAnalog(on);
-    }
+    for (EqSection& section : chain_) section.setAnalog(on);
 }
 
 void TamarinFilter::reset()
 {
-    for (Band& band : bands_) {
-        band.main.reset();
-        band.counter.reset();
-    }
+    for (EqSection& section : chain_) section.reset();
+}
+
+void TamarinFilter::process(EqPiece& piece, double)
+{
+    runDiagonally<2 * kEqBands>(piece.frames, [&](std::size_t k, std::int32_t n) {
+        const auto at = static_cast<std::size_t>(n);
+        const double y = piece.audio[at];
+        const double wet = chain_[k].process(y, kDepthShare);
+        piece.audio[at] = y + (wet - y) * piece.mix[at][index(kEqSeries[k / 2])];
+    });
 }
 
 template <typename Action>
@@ -124,6 +134,27 @@ void JuniperFilter::reset()
 {
     forEachSection([](EqSection& section) { section.reset(); });
     gain_ = restGain_;
+}
+
+void JuniperFilter::process(EqPiece& piece, double step)
+{
+    const auto frames = static_cast<std::size_t>(piece.frames);
+    for (std::size_t n = 0; n < frames; ++n)
+        piece.audio[n] = processSample(piece.audio[n], piece.mix[n], step);
+}
+
+double JuniperFilter::processSample(double x, const PerBand<double>& mix, double step)
+{
+    for (std::size_t b = 0; b < kEqBands; ++b)
+        gain_[b] = flush(gain_[b] + (gainTarget_[b] - gain_[b]) * step, kGainFlush);
+    PerBand<double> part;
+    part[index(EqBand::Low)] = x - low_.process(x, kDepthShare);
+    part[index(EqBand::High)] = x - high_.process(x, kDepthShare);
+    part[index(EqBand::HighMid)] = highMid_.process(x);
+    part[index(EqBand::LowMid)] = lowMid_.process(x);
+    double y = x;
+    for (std::size_t b = 0; b < kEqBands; ++b) y += mix[b] * (gain_[b] - 1.0) * part[b];
+    return y;
 }
 
 } // namespace velmora

@@ -3,13 +3,42 @@
 #include "modules/eq/eq_band.h"
 #include "modules/eq/eq_section.h"
 
-/// The three flavours' filters. Each takes the whole of the band settings and runs the four bands on one
-/// sample, with `mix` crossfading each band in (0 dry .. 1). All three answer to the same operations:
-/// setBand designs a band's sections and starts their glide, enableBand switches them on.
+#include <algorithm>
+
+/// The three flavours' filters. Each takes the whole of the band settings and runs the four bands over a
+/// piece of audio, crossfading each band in. All three answer to the same operations: setBand designs a
+/// band's sections and starts their glide, enableBand switches them on.
 namespace velmora {
+
+/// A piece of audio in place, and how far each band is faded in at each sample.
+struct EqPiece {
+    static constexpr std::int32_t kMaxFrames = 64;
+
+    std::int32_t frames = 0;
+    std::array<double, kMaxFrames> audio;
+    std::array<PerBand<double>, kMaxFrames> mix; ///< 0 dry .. 1
+};
 
 /// Order in which the serial flavours run their bands.
 inline constexpr PerBand<EqBand> kEqSeries{EqBand::LowMid, EqBand::HighMid, EqBand::High, EqBand::Low};
+/// Place of each band in that order.
+inline constexpr PerBand<std::size_t> kEqPlace{2, 1, 0, 3};
+
+/// Runs serial stages along diagonals: in one step stage k works on sample n - k. The results are those of
+/// sample by sample, but the stages of a step don't wait for each other, which is what a chain costs.
+/// @param stage called with (k, sample index).
+template <std::size_t stages, typename Stage>
+void runDiagonally(std::int32_t frames, Stage stage)
+{
+    constexpr auto kLast = static_cast<std::int32_t>(stages) - 1;
+    const auto step = [&](std::int32_t n, std::int32_t first, std::int32_t last) {
+        for (std::int32_t k = first; k <= last; ++k) stage(static_cast<std::size_t>(k), n - k);
+    };
+    std::int32_t n = 0;
+    for (; n < kLast; ++n) step(n, std::max(0, n - frames + 1), n);
+    for (; n < frames; ++n) step(n, 0, kLast);
+    for (; n < frames + kLast; ++n) step(n, n - frames + 1, kLast);
+}
 
 /// Four sections in series; their soft limit acts inside the feedback.
 class SorrelFilter {
@@ -17,26 +46,17 @@ public:
     static constexpr EqFlavour kFlavour = EqFlavour::Sorrel;
 
     void setBand(EqBand band, const EqBandSettings& settings);
-    void enableBand(EqBand band) { main_[index(band)].setEnabled(true); }
+    void enableBand(EqBand band) { chain_[kEqPlace[index(band)]].setEnabled(true); }
     void setSampleRate(double hz);
     void setAnalog(bool on);
     void reset();
-
-    double process(double x, const PerBand<double>& mix, double)
-    {
-        double y = x;
-        for (EqBand band : kEqSeries) {
-            const std::size_t b = index(band);
-            y = y + (main_[b].runSample(y) - y) * mix[b];
-        }
-        return y;
-    }
+    void process(EqPiece& piece, double step);
 
 private:
     static constexpr auto kBell = StripBiquadKind::Peaking;
 
-    PerBand<StripBiquad> main_{StripBiquad(kBell), StripBiquad(kBell), StripBiquad(kBell),
-                               StripBiquad(kBell)};
+    PerBand<StripBiquad> chain_{StripBiquad(kBell), StripBiquad(kBell), StripBiquad(kBell),
+                                StripBiquad(kBell)}; // in series order
 };
 
 /// Eight sections in series, two a band, each crossfaded on its own.
@@ -49,26 +69,15 @@ public:
     void setSampleRate(double hz);
     void setAnalog(bool on);
     void reset();
-
-    double process(double x, const PerBand<double>& mix, double)
-    {
-        double y = x;
-        for (EqBand band : kEqSeries) {
-            const std::size_t b = index(band);
-            y = y + (bands_[b].main.process(y, kDepthShare) - y) * mix[b];
-            y = y + (bands_[b].counter.process(y, kDepthShare) - y) * mix[b];
-        }
-        return y;
-    }
+    void process(EqPiece& piece, double step);
 
 private:
     static constexpr double kDepthShare = 0.125;
 
-    struct Band {
-        EqSection main;
-        EqSection counter;
-    };
-    PerBand<Band> bands_;
+    EqSection& main(EqBand band) { return chain_[2 * kEqPlace[index(band)]]; }
+    EqSection& counter(EqBand band) { return chain_[2 * kEqPlace[index(band)] + 1]; }
+
+    std::array<EqSection, 2 * kEqBands> chain_; // in series order, main before counter
 };
 
 /// Bands are split off by complements of low-pass and high-pass and added back to the dry signal with their
@@ -84,19 +93,7 @@ public:
     void reset();
 
     /// @param step share of the way to their targets that the band gains move per sample.
-    double process(double x, const PerBand<double>& mix, double step)
-    {
-        for (std::size_t b = 0; b < kEqBands; ++b)
-            gain_[b] = flush(gain_[b] + (gainTarget_[b] - gain_[b]) * step, kGainFlush);
-        PerBand<double> part;
-        part[index(EqBand::Low)] = x - low_.process(x, kDepthShare);
-        part[index(EqBand::High)] = x - high_.process(x, kDepthShare);
-        part[index(EqBand::HighMid)] = highMid_.process(x);
-        part[index(EqBand::LowMid)] = lowMid_.process(x);
-        double y = x;
-        for (std::size_t b = 0; b < kEqBands; ++b) y += mix[b] * (gain_[b] - 1.0) * part[b];
-        return y;
-    }
+    void process(EqPiece& piece, double step);
 
 private:
     static constexpr double kDepthShare = 1.0;
@@ -113,6 +110,7 @@ private:
         }
     };
 
+    double processSample(double x, const PerBand<double>& mix, double step);
     template <typename Action>
     void forBand(EqBand band, Action action);
     template <typename Action>

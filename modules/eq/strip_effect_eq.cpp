@@ -171,17 +171,24 @@ void StripEffectEq::processFlavour(Filter& filter, const AudioRecord& in, const 
 {
     const double* input = in.left(0);
     const double c = smoothingStep;
-    const bool saturating = analog != 0;
+    EqPiece piece;
+    piece.frames = frames;
     for (std::int32_t i = 0; i < frames; ++i) {
-        const double x = input[i];
-        meterInMono(x);
-        outGain = flush(outGain + (outTarget - outGain) * c, kOutFlush);
+        const auto at = static_cast<std::size_t>(i);
+        piece.audio[at] = input[i];
+        meterInMono(input[i]);
         for (std::size_t b = 0; b < kEqBands; ++b)
             inSmooth[b] = flush(inSmooth[b] + (bands[b].in - inSmooth[b]) * c, kInFlush);
-        const double y = filter.process(x, inSmooth, c) * outGain;
-        const double driven = saturation.process<Filter::kFlavour>(y, saturating);
-        meterOutMono(driven);
-        writeMono(out, i, driven);
+        piece.mix[at] = inSmooth;
+    }
+    filter.process(piece, c);
+    const bool saturating = analog != 0;
+    for (std::int32_t i = 0; i < frames; ++i) {
+        outGain = flush(outGain + (outTarget - outGain) * c, kOutFlush);
+        const double louder = piece.audio[static_cast<std::size_t>(i)] * outGain;
+        const double y = saturation.process<Filter::kFlavour>(louder, saturating);
+        meterOutMono(y);
+        writeMono(out, i, y);
     }
 }
 
