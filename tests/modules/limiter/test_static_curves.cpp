@@ -1,0 +1,202 @@
+#include "tests/modules/limiter/limiter_rig.h"
+
+#include "modules/limiter/saturator_curve.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+
+namespace velmora::test {
+namespace {
+
+using namespace limiter;
+
+constexpr std::array kLevelsDb{-40.0, -20.0, -12.0, -6.0, -3.0, 0.0, 3.0, 6.0, 12.0, 20.0};
+
+double softKnee(double t)
+{
+    return std::tanh(t) / t;
+}
+
+// Where the VCA's fast follower stands still between its fall to the floor and its attack, at the given
+// settings of the controls in milliseconds; a constant level holds the slow one there too.
+double vcaBalance(double logLevel, double floorLevel, double attack, double release, double sampleRate)
+{
+    const double b = 0.1091012;
+    const double rise =
+        (1.0 - std::pow(b, 0.01002286817603043)) * (3.2 / (0.7 * attack)) * (44100.0 / sampleRate);
+    const double fall = 1.0 - std::pow(b, 1.0 / (2.8 * release * 1.4 * 0.001 * sampleRate));
+    return ((1.0 - rise) * fall * floorLevel + logLevel * rise) / (1.0 - (1.0 - rise) * (1.0 - fall));
+}
+
+void expectCurve(const char* name, LimiterRig& rig, double seconds,
+                 const std::function<double(double)>& expected, double tolerance)
+{
+    std::printf("%-22s", name);
+    for (double db : kLevelsDb) {
+        const double level = fromDb(db);
+        const double gain = rig.steadyGain(level, seconds);
+        std::printf(" %+.0f:%+.2f", db, toDb(gain * level));
+        EXPECT_NEAR(gain / expected(level), 1.0, tolerance) << name << " at " << db << " dB";
+    }
+    std::printf("\n");
+}
+
+TEST(LimiterCurves, OptoFollowsTheCellsLevel)
+{
+    for (double rate : {44100.0, 192000.0}) {
+        LimiterRig rig(kOpto, rate);
+        rig.set(kAttackOffset, 0.2);
+        expectCurve(
+            "Opto hard", rig, 1.0, [](double u) { return std::min(1.0, 1.0 / (0.93 * u + 0.05 + 1e-6)); },
+            1e-9);
+        rig.setSoft(true);
+        expectCurve(
+            "Opto soft", rig, 1.0, [](double u) { return softKnee(0.93 * u + 0.01 + 1e-6); }, 1e-9);
+    }
+}
+
+TEST(LimiterCurves, VcaHoldsTheLevelBetweenAttackAndFall)
+{
+    for (double rate : {44100.0, 96000.0}) {
+        LimiterRig rig(kVca, rate);
+        const double attack = std::sqrt(0.1 * 100.0);
+        const auto level = [&](double u, double floorLevel) {
+            const double a = std::log10(u + 0.0001);
+            return std::pow(10.0, std::max(floorLevel, vcaBalance(a, floorLevel, attack, 100.0, rate)));
+        };
+        expectCurve(
+            "VCA hard", rig, 3.0, [&](double u) { return std::min(1.0, 1.0 / (level(u, -0.8) + 1e-6)); },
+            1e-6);
+        EXPECT_NEAR(toDb(rig.steadyGain(fromDb(6.0), 3.0)), -6.0, 0.2);
+        rig.setSoft(true);
+        expectCurve(
+            "VCA soft", rig, 3.0, [&](double u) { return softKnee(level(u, -1.3)); }, 1e-6);
+    }
+}
+
+TEST(LimiterCurves, BrickWallInEveryMode)
+{
+    for (int mode : {0, 1, 2}) {
+        const double rest = mode == 0 ? 0.0 : 0.1; // where the peak relaxes to
+        const auto level = [rest](double u) { return std::max(rest, u + 0.01) + 1e-6; };
+        LimiterRig rig(kBrickWall);
+        rig.setMode(mode);
+        rig.set(kReleaseOffset, 0.0);
+        expectCurve(
+            "BrickWall hard", rig, 0.5, [&](double u) { return std::min(1.0, 1.0 / level(u)); }, 1e-9);
+        rig.setSoft(true);
+        expectCurve(
+            "BrickWall soft", rig, 0.5,
+            [&](double u) {
+                const double t = 1.255 * level(u);
+                return std::sqrt(std::atan(t * t)) / t;
+            },
+            2e-3); // mode 2 is still on its way to its rest at the lowest level
+    }
+}
+
+TEST(LimiterCurves, SaturatorShapesMatchTheirFormulas)
+{
+    const std::array<std::function<double(double)>, 6> output{
+        [](double t) { return t / (0.33 * std::sqrt(t) + 1.0); },
+        [](double t) { return t / (0.33 * t + 1.0); },
+        [](double t) { return std::atan(t); },
+        [](double t) { return std::tanh(t); },
+        [](double t) { return std::sqrt(std::tanh(t * t)); },
+        [](double t) { return std::pow(std::tanh(std::pow(t, 4.0)), 0.25); },
+    };
+    for (std::size_t shape = 0; shape < output.size(); ++shape) {
+        for (bool soft : {false, true}) {
+            LimiterRig rig(kSaturator);
+            rig.setShape(static_cast<int>(shape));
+            rig.setSoft(soft);
+            const std::string name = "Saturator " + std::to_string(shape + 1) + (soft ? " soft" : " hard");
+            // The shelves stand at 3.85 Hz: half a ten-thousandth of a dB is left at half the rate.
+            expectCurve(
+                name.c_str(), rig, 1.0, [&](double u) { return output[shape](u) / u; }, 1e-6);
+        }
+    }
+}
+
+TEST(LimiterCurves, SaturatorIsUnityAtSilenceAndFallsOnly)
+{
+    for (std::int32_t shape = 0; shape <= kLastSaturatorShape; ++shape) {
+        const auto curve = static_cast<SaturatorShape>(shape);
+        EXPECT_EQ(saturatorGain(curve, 0.0), 1.0);
+        double last = 1.0;
+        for (double t = 1e-9; t < 1e9; t *= 1.3) {
+            const double gain = saturatorGain(curve, t);
+            EXPECT_GT(gain, 0.0);
+            EXPECT_LE(gain, last + 1e-12) << "shape " << shape << " at " << t;
+            last = gain;
+        }
+    }
+}
+
+TEST(LimiterCurves, CeilingShiftsTheCurve)
+{
+    // Level and ceiling moved together give the same gain, so the output moves by the same step.
+    for (const Variant& variant : kVariants) {
+        LimiterRig reference(variant.type);
+        LimiterRig shifted(variant.type);
+        shifted.setCeilingDb(-12.0);
+        shifted.module.reset();
+        const double gain = reference.steadyGain(fromDb(6.0), 2.0);
+        const double moved = shifted.steadyGain(fromDb(-6.0), 2.0);
+        std::printf("%-10s gain at +6 dB above a ceiling of 0 and -12 dB: %+.4f %+.4f dB\n", variant.name,
+                    toDb(gain), toDb(moved));
+        EXPECT_NEAR(toDb(gain), toDb(moved), 1e-9);
+    }
+}
+
+TEST(LimiterCurves, OutputGainStandsBehindTheLimiter)
+{
+    for (const Variant& variant : kVariants) {
+        LimiterRig reference(variant.type);
+        LimiterRig louder(variant.type);
+        louder.setOutputDb(7.5);
+        louder.module.reset();
+        EXPECT_NEAR(toDb(louder.steadyGain(2.0, 1.0)) - toDb(reference.steadyGain(2.0, 1.0)), 7.5, 1e-9)
+            << variant.name;
+    }
+}
+
+TEST(LimiterCurves, BrickWallNeverPassesItsCeilingWithoutLookAhead)
+{
+    for (int mode : {0, 1, 2}) {
+        LimiterRig rig(kBrickWall);
+        rig.setMode(mode);
+        rig.setCeilingDb(-6.0);
+        rig.module.reset();
+        rig.run(constant(0.0, 4410));
+        const double first = rig.run(constant(1.0, 1)).front();
+        const double loud = peak(rig.run(noise(4.0, 44100)));
+        std::printf("mode %d: first sample %.6f, peak of noise %.6f of the ceiling\n", mode + 1,
+                    first / fromDb(-6.0), loud / fromDb(-6.0));
+        EXPECT_LT(first, fromDb(-6.0));
+        EXPECT_GT(first, 0.98 * fromDb(-6.0));
+        EXPECT_LT(loud, fromDb(-6.0));
+    }
+}
+
+TEST(LimiterCurves, SquareLawKeepsTheBrickWallOnTheWavesPeaks)
+{
+    LimiterRig rig(kBrickWall);
+    const Signal in = sine(4.0, 200.0, 44100.0, 44100);
+    const Signal out = rig.run(in);
+    double lowest = 1.0;
+    double highest = 0.0;
+    for (std::size_t i = 22050; i < in.size(); ++i) {
+        if (std::fabs(in[i]) < 0.1) continue;
+        lowest = std::min(lowest, out[i] / in[i]);
+        highest = std::max(highest, out[i] / in[i]);
+    }
+    std::printf("gain over a 200 Hz period: %.3f..%.3f dB\n", toDb(lowest), toDb(highest));
+    EXPECT_LT(toDb(highest / lowest), 0.5);
+}
+
+} // namespace
+} // namespace velmora::test
