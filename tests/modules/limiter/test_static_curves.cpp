@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 #include <functional>
+#include <string>
 
 namespace velmora::test {
 namespace {
@@ -31,11 +32,20 @@ double vcaBalance(double logLevel, double floorLevel, double attack, double rele
     return ((1.0 - rise) * fall * floorLevel + logLevel * rise) / (1.0 - (1.0 - rise) * (1.0 - fall));
 }
 
-void expectCurve(const char* name, LimiterRig& rig, double seconds,
+struct Setting {
+    std::int32_t type;
+    double rate;
+    std::function<void(LimiterRig&)> adjust;
+};
+
+// Each level finds a fresh limiter: the opto cell's way down from a louder one never quite ends.
+void expectCurve(const std::string& name, const Setting& setting, double seconds,
                  const std::function<double(double)>& expected, double tolerance)
 {
-    std::printf("%-22s", name);
+    std::printf("%-22s", name.c_str());
     for (double db : kLevelsDb) {
+        LimiterRig rig(setting.type, setting.rate);
+        setting.adjust(rig);
         const double level = fromDb(db);
         const double gain = rig.steadyGain(level, seconds);
         std::printf(" %+.0f:%+.2f", db, toDb(gain * level));
@@ -47,34 +57,37 @@ void expectCurve(const char* name, LimiterRig& rig, double seconds,
 TEST(LimiterCurves, OptoFollowsTheCellsLevel)
 {
     for (double rate : {44100.0, 192000.0}) {
-        LimiterRig rig(kOpto, rate);
-        rig.set(kAttackOffset, 0.2);
+        const auto adjust = [](bool soft) {
+            return [soft](LimiterRig& rig) {
+                rig.set(kAttackOffset, 0.2);
+                rig.setSoft(soft);
+            };
+        };
         expectCurve(
-            "Opto hard", rig, 1.0, [](double u) { return std::min(1.0, 1.0 / (0.93 * u + 0.05 + 1e-6)); },
-            1e-9);
-        rig.setSoft(true);
+            "Opto hard", {kOpto, rate, adjust(false)}, 0.5,
+            [](double u) { return std::min(1.0, 1.0 / (0.93 * u + 0.05 + 1e-6)); }, 1e-9);
         expectCurve(
-            "Opto soft", rig, 1.0, [](double u) { return softKnee(0.93 * u + 0.01 + 1e-6); }, 1e-9);
+            "Opto soft", {kOpto, rate, adjust(true)}, 0.5,
+            [](double u) { return softKnee(0.93 * u + 0.01 + 1e-6); }, 1e-9);
     }
 }
 
 TEST(LimiterCurves, VcaHoldsTheLevelBetweenAttackAndFall)
 {
     for (double rate : {44100.0, 96000.0}) {
-        LimiterRig rig(kVca, rate);
         const double attack = std::sqrt(0.1 * 100.0);
         const auto level = [&](double u, double floorLevel) {
             const double a = std::log10(u + 0.0001);
             return std::pow(10.0, std::max(floorLevel, vcaBalance(a, floorLevel, attack, 100.0, rate)));
         };
         expectCurve(
-            "VCA hard", rig, 3.0, [&](double u) { return std::min(1.0, 1.0 / (level(u, -0.8) + 1e-6)); },
-            1e-6);
-        EXPECT_NEAR(toDb(rig.steadyGain(fromDb(6.0), 3.0)), -6.0, 0.2);
-        rig.setSoft(true);
+            "VCA hard", {kVca, rate, [](LimiterRig&) {}}, 2.0,
+            [&](double u) { return std::min(1.0, 1.0 / (level(u, -0.8) + 1e-6)); }, 1e-6);
         expectCurve(
-            "VCA soft", rig, 3.0, [&](double u) { return softKnee(level(u, -1.3)); }, 1e-6);
+            "VCA soft", {kVca, rate, [](LimiterRig& rig) { rig.setSoft(true); }}, 2.0,
+            [&](double u) { return softKnee(level(u, -1.3)); }, 1e-6);
     }
+    EXPECT_NEAR(toDb(LimiterRig(kVca).steadyGain(fromDb(6.0), 2.0)), -6.0, 0.1);
 }
 
 TEST(LimiterCurves, BrickWallInEveryMode)
@@ -82,19 +95,24 @@ TEST(LimiterCurves, BrickWallInEveryMode)
     for (int mode : {0, 1, 2}) {
         const double rest = mode == 0 ? 0.0 : 0.1; // where the peak relaxes to
         const auto level = [rest](double u) { return std::max(rest, u + 0.01) + 1e-6; };
-        LimiterRig rig(kBrickWall);
-        rig.setMode(mode);
-        rig.set(kReleaseOffset, 0.0);
+        const auto adjust = [mode](bool soft) {
+            return [mode, soft](LimiterRig& rig) {
+                rig.setMode(mode);
+                rig.setSoft(soft);
+                rig.set(kReleaseOffset, 0.0);
+            };
+        };
+        const std::string name = "BrickWall " + std::to_string(mode + 1);
         expectCurve(
-            "BrickWall hard", rig, 0.5, [&](double u) { return std::min(1.0, 1.0 / level(u)); }, 1e-9);
-        rig.setSoft(true);
+            name + " hard", {kBrickWall, 44100.0, adjust(false)}, 0.5,
+            [&](double u) { return std::min(1.0, 1.0 / level(u)); }, 1e-9);
         expectCurve(
-            "BrickWall soft", rig, 0.5,
+            name + " soft", {kBrickWall, 44100.0, adjust(true)}, 0.5,
             [&](double u) {
                 const double t = 1.255 * level(u);
                 return std::sqrt(std::atan(t * t)) / t;
             },
-            2e-3); // mode 2 is still on its way to its rest at the lowest level
+            1e-9);
     }
 }
 
@@ -110,13 +128,15 @@ TEST(LimiterCurves, SaturatorShapesMatchTheirFormulas)
     };
     for (std::size_t shape = 0; shape < output.size(); ++shape) {
         for (bool soft : {false, true}) {
-            LimiterRig rig(kSaturator);
-            rig.setShape(static_cast<int>(shape));
-            rig.setSoft(soft);
+            const auto adjust = [shape, soft](LimiterRig& rig) {
+                rig.setShape(static_cast<int>(shape));
+                rig.setSoft(soft);
+            };
             const std::string name = "Saturator " + std::to_string(shape + 1) + (soft ? " soft" : " hard");
-            // The shelves stand at 3.85 Hz: half a ten-thousandth of a dB is left at half the rate.
+            // The shelves ring out at 3.85 Hz; after a second what is left is below the tolerance.
             expectCurve(
-                name.c_str(), rig, 1.0, [&](double u) { return output[shape](u) / u; }, 1e-6);
+                name, {kSaturator, 44100.0, adjust}, 1.0, [&](double u) { return output[shape](u) / u; },
+                1e-6);
         }
     }
 }
@@ -148,7 +168,7 @@ TEST(LimiterCurves, CeilingShiftsTheCurve)
         const double moved = shifted.steadyGain(fromDb(-6.0), 2.0);
         std::printf("%-10s gain at +6 dB above a ceiling of 0 and -12 dB: %+.4f %+.4f dB\n", variant.name,
                     toDb(gain), toDb(moved));
-        EXPECT_NEAR(toDb(gain), toDb(moved), 1e-9);
+        EXPECT_NEAR(toDb(gain), toDb(moved), 1e-7);
     }
 }
 

@@ -17,6 +17,7 @@ TEST(LimiterTypes, OffPassesThroughAndShowsNoReduction)
         EXPECT_GT(rig.reduction(), 0.3) << variant.name;
         rig.setType(kThrough);
         EXPECT_EQ(rig.reduction(), 0.0);
+        rig.module.resetMeters();
         const Signal in = noise(0.5, 6400);
         EXPECT_EQ(rig.run(in), in);
         EXPECT_EQ(rig.reduction(), 0.0);
