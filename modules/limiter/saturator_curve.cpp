@@ -69,10 +69,4 @@ void saturatorGains(SaturatorShape shape, double* levels, int count)
     });
 }
 
-double saturatorGain(SaturatorShape shape, double level)
-{
-    saturatorGains(shape, &level, 1);
-    return level;
-}
-
 } // namespace velmora::limiter

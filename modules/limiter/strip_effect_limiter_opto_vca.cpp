@@ -157,17 +157,20 @@ void StripEffectLimiter_OptoVCA::loadChunk(const AudioRecord& in, std::int32_t s
     for (unsigned i = 0; i < static_cast<unsigned>(count); ++i) {
         audio[i] = main[i];
         detect[i] = key[i];
-        meterInMono(main[i]);
     }
 }
 
-// Monitor replaces the output alone; detector and meters go on.
-void StripEffectLimiter_OptoVCA::storeChunk(const AudioRecord& out, std::int32_t start, std::int32_t count)
+// Monitor replaces the output alone; detector and meters go on. The two meters are chains of their own that
+// run side by side, so the input is read here once more, before the output takes its place.
+void StripEffectLimiter_OptoVCA::storeChunk(const AudioRecord& in, const AudioRecord& out, std::int32_t start,
+                                            std::int32_t count)
 {
+    const double* main = in.left(0) + start;
     const double gain = outputGain.value();
     for (std::int32_t i = 0; i < count; ++i) {
         const auto n = static_cast<unsigned>(i);
         const double y = monitor != 0 ? detect[n] : audio[n] * gain;
+        meterInMono(main[i]);
         meterOutMono(y);
         writeMono(out, start + i, y);
     }

@@ -58,7 +58,7 @@ protected:
             ceilingInverse.step(chunkRate);
             loadChunk(in, start, count);
             work(count);
-            storeChunk(out, start, count);
+            storeChunk(in, out, start, count);
             reductionMeter.follow(gains.data(), count, meterScale);
         }
         reductionMeter.show();
@@ -96,7 +96,7 @@ private:
     void setHighPass(double value);
     void filterDetect(std::int32_t count);
     void loadChunk(const AudioRecord& in, std::int32_t start, std::int32_t count);
-    void storeChunk(const AudioRecord& out, std::int32_t start, std::int32_t count);
+    void storeChunk(const AudioRecord& in, const AudioRecord& out, std::int32_t start, std::int32_t count);
 
     double chunkRate = 1.0;
 };

@@ -63,6 +63,7 @@ TEST(LimiterRobustness, SplitsAtChunkBordersChangeNothing)
                 rig.setCeilingDb(-10.0);
                 const Signal out = rig.run(in, key, block);
                 if (reference.empty()) reference = out;
+                EXPECT_EQ(rig.lastRight, out);
                 EXPECT_EQ(out, reference) << variant.name << " in blocks of " << block;
             }
         }

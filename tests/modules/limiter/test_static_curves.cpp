@@ -1,7 +1,5 @@
 #include "tests/modules/limiter/limiter_rig.h"
 
-#include "modules/limiter/saturator_curve.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -141,46 +139,20 @@ TEST(LimiterCurves, SaturatorShapesMatchTheirFormulas)
     }
 }
 
-TEST(LimiterCurves, SaturatorIsUnityAtSilenceAndFallsOnly)
-{
-    for (std::int32_t shape = 0; shape <= kLastSaturatorShape; ++shape) {
-        const auto curve = static_cast<SaturatorShape>(shape);
-        EXPECT_EQ(saturatorGain(curve, 0.0), 1.0);
-        double last = 1.0;
-        for (double t = 1e-9; t < 1e9; t *= 1.3) {
-            const double gain = saturatorGain(curve, t);
-            EXPECT_GT(gain, 0.0);
-            EXPECT_LE(gain, last + 1e-12) << "shape " << shape << " at " << t;
-            last = gain;
-        }
-    }
-}
-
-TEST(LimiterCurves, CeilingShiftsTheCurve)
+TEST(LimiterCurves, CeilingShiftsTheCurveAndOutputTheLevel)
 {
     // Level and ceiling moved together give the same gain, so the output moves by the same step.
     for (const Variant& variant : kVariants) {
         LimiterRig reference(variant.type);
         LimiterRig shifted(variant.type);
         shifted.setCeilingDb(-12.0);
+        shifted.setOutputDb(7.5);
         shifted.module.reset();
         const double gain = reference.steadyGain(fromDb(6.0), 2.0);
-        const double moved = shifted.steadyGain(fromDb(-6.0), 2.0);
+        const double moved = shifted.steadyGain(fromDb(-6.0), 2.0) / fromDb(7.5);
         std::printf("%-10s gain at +6 dB above a ceiling of 0 and -12 dB: %+.4f %+.4f dB\n", variant.name,
                     toDb(gain), toDb(moved));
         EXPECT_NEAR(toDb(gain), toDb(moved), 1e-7);
-    }
-}
-
-TEST(LimiterCurves, OutputGainStandsBehindTheLimiter)
-{
-    for (const Variant& variant : kVariants) {
-        LimiterRig reference(variant.type);
-        LimiterRig louder(variant.type);
-        louder.setOutputDb(7.5);
-        louder.module.reset();
-        EXPECT_NEAR(toDb(louder.steadyGain(2.0, 1.0)) - toDb(reference.steadyGain(2.0, 1.0)), 7.5, 1e-9)
-            << variant.name;
     }
 }
 
