@@ -1,5 +1,7 @@
 #include "engine/module_factory.h"
 
+#include "modules/eq/strip_effect_eq.h"
+#include "modules/limiter/strip_effect_limiter.h"
 #include "modules/output/strip_effect_output.h"
 #include "modules/through/strip_effect_through.h"
 #include "params/type_codes.h"
@@ -29,8 +31,8 @@ constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Filters, kEveryVariant, nullptr},
     {ModuleKind::Dynamics, kEveryVariant, nullptr},
     {ModuleKind::Compressor, kEveryVariant, nullptr},
-    {ModuleKind::Equalizer, kEveryVariant, nullptr},
-    {ModuleKind::Limiter, kEveryVariant, nullptr},
+    {ModuleKind::Equalizer, kEveryVariant, make<StripEffectEq>},
+    {ModuleKind::Limiter, kEveryVariant, make<StripEffectLimiter>},
     {ModuleKind::Output, kEveryVariant, make<StripEffectOutput>},
     {ModuleKind::Special, 1, nullptr},
     {ModuleKind::Special, 2, nullptr},
