@@ -95,6 +95,9 @@ struct RecordingRack {
     std::map<std::string, RecordingModule*, std::less<>> modules;
     VelmoraMonoEffect effect{factory()};
 
+    /// The chain is rebuilt on a few sub-blocks behind construction; from here on it moves by request alone.
+    RecordingRack() { run(64 * 16); }
+
     RecordingModule& operator[](std::string_view name) { return *modules.find(name)->second; }
 
     /// @return the calls since the last `take` whose text holds `word`.

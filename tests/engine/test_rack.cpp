@@ -28,7 +28,7 @@ Log moved(Log lines, std::size_t from, std::size_t to)
 TEST(Rack, BuildsModulesInOrderAndHandsThemRateAndDefaults)
 {
     RecordingRack rack;
-    Log created = rack.take("");
+    const Log created = rack.take();
     Log made;
     std::copy_if(created.begin(), created.end(), std::back_inserter(made),
                  [](const std::string& line) { return line.find(" create ") != std::string::npos; });
