@@ -76,10 +76,7 @@ public:
         kNoiseLevel
     };
 
-    explicit InputRig(int typeIndex = 1, double sampleRate = kRate) : rate(sampleRate)
-    {
-        prepare(typeIndex);
-    }
+    explicit InputRig(int typeIndex = 1, double sampleRate = kRate) : rate(sampleRate) { prepare(typeIndex); }
 
     /// A unit with the given set of component values.
     static InputRig unit(int index, int typeIndex, double sampleRate = kRate)

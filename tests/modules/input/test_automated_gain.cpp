@@ -78,7 +78,7 @@ TEST(AutomatedGain, RisesByGlideAndFallsAtOnce)
 
 TEST(AutomatedGain, TheGainKnobReseedsAndSwitchingOffKeepsTheGain)
 {
-    InputRig rig = automatic({1.0, 0.0}, 0.4);
+    InputRig rig = automatic({0.0, 0.0}, 0.4);
     const double found = settledPeak(rig, 0.9) / 0.9;
     rig.set(InputRig::kAutoIn, 0.0);
     EXPECT_NEAR(rig.run(Signal(64, 0.5)).back() / 0.5, found, 1e-3 * found);
