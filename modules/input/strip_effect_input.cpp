@@ -1,0 +1,260 @@
+#include "modules/input/strip_effect_input.h"
+
+#include "params/catalogue.h"
+#include "params/laws/preamp_laws.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora {
+
+namespace {
+
+using preamp::kPiece;
+
+constexpr std::int32_t kGainType = 1;
+constexpr double kGainShare = 22.05; // of the way per second and Hz: 0.0005 per sample at 44100 Hz
+constexpr double kGainFlush = 1e-14;
+
+enum Offset : ParameterId {
+    kGain = 16,
+    kAutoIn,
+    kRefLevel,
+    kAutoDetectMode,
+    kAutoLevelMode,
+    kPhaseL,
+    kPhaseR,
+    kAnalog,
+    kDrive,
+    kNoiseIn,
+    kNoiseLevel,
+};
+
+enum MeterOffset : std::uint32_t { kPostGainMeter = 2, kAutomaticGainMeter = 3, kSaturationMeter = 4 };
+
+double linear(double db)
+{
+    return std::pow(10.0, db * 0.05);
+}
+
+} // namespace
+
+StripEffectInput::StripEffectInput(std::uint32_t windowBaseId, std::uint32_t meterBaseId,
+                                   std::uint32_t localBaseId)
+    : StripEffect(windowBaseId, meterBaseId, localBaseId), emulation(preamp::nextInstanceIndex())
+{
+    StripEffectInput::setSampleRate(kMinSampleRate);
+    StripEffectInput::reset();
+}
+
+void StripEffectInput::reset()
+{
+    for (preamp::PolarityRamp& ramp : polarity) ramp.land();
+    resetMeterState();
+    resetGain();
+    emulation.reset();
+}
+
+void StripEffectInput::setSampleRate(double hz)
+{
+    sampleRate = std::clamp(hz, kMinSampleRate, kMaxSampleRate);
+    resetMeterState();
+    resetGain();
+    emulation.setSampleRate(sampleRate);
+}
+
+void StripEffectInput::resetGain()
+{
+    gainCurrent = gainTarget;
+    gainCoefficient = kGainShare / sampleRate;
+    postGain.reset(sampleRate);
+    aga.reset(sampleRate);
+}
+
+void StripEffectInput::setParameter(std::uint32_t id, double value)
+{
+    const ParameterId offset = relative(id);
+    if (offset == kTypeOffset)
+        setType(value);
+    else
+        setOwnParameter(offset, value);
+}
+
+void StripEffectInput::setOwnParameter(ParameterId offset, double value)
+{
+    switch (offset) {
+    case kGain:
+        return setGain(value);
+    case kAutoIn:
+        return setAutoIn(value);
+    case kRefLevel:
+        return aga.setReference(linear(preamp::referenceDb(value)));
+    case kAutoDetectMode:
+        return aga.setDetectRms(decodeStep(value) >= 1);
+    case kAutoLevelMode:
+        return aga.setUpDown(decodeStep(value) != 0);
+    case kPhaseL:
+    case kPhaseR:
+        return polarity[static_cast<unsigned>(offset - kPhaseL)].aim(decodeStep(value) == 1, sampleRate);
+    case kAnalog:
+        analogOn = decodeStep(value) != 0;
+        return emulation.clearSaturation();
+    case kDrive:
+        return emulation.setDrive(value);
+    case kNoiseIn:
+        return emulation.setNoiseMode(static_cast<preamp::NoiseMode>(decodeStep(value, 2.0)));
+    case kNoiseLevel:
+        return emulation.setNoiseLevel(value);
+    default:
+        return;
+    }
+}
+
+void StripEffectInput::setType(double value)
+{
+    type = decodeType(value);
+    emulation.select(std::clamp(type, preamp::kPre60s, preamp::kAdc90s));
+}
+
+void StripEffectInput::setGain(double value)
+{
+    // The knob's decibels are single precision.
+    gainTarget = linear(static_cast<float>(preamp::gainDb(value)));
+    if (agaEnabled) aga.seed(gainTarget);
+}
+
+void StripEffectInput::setAutoIn(double value)
+{
+    agaEnabled = decodeStep(value) != 0;
+    if (agaEnabled) aga.clearMaxima();
+}
+
+void StripEffectInput::loadDefaults()
+{
+    constexpr std::int32_t kCode = 1; // the values of all five types are alike
+    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
+        StripEffectInput::setParameter(windowBase + static_cast<std::uint32_t>(offset),
+                                       moduleDefault(kCode, offset));
+}
+
+void StripEffectInput::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
+{
+    process(in, out, frames, Channels::Stereo);
+}
+
+void StripEffectInput::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
+{
+    process(in, out, frames, Channels::Mono);
+}
+
+void StripEffectInput::process(const AudioRecord& in, const AudioRecord& out, std::int32_t frames,
+                               Channels channels)
+{
+    if (runFlag == 0 || type == 0) return processThrough(in, out, frames);
+    inputPair = 0;
+    outputMask = 1;
+    for (std::int32_t start = 0; start < frames; start += kPiece) {
+        const int count = std::min(frames - start, kPiece);
+        takeInput(in, start, count, channels);
+        runGain(count, channels);
+        followGain(count, channels);
+        if (analogOn && type != kGainType) {
+            railIn = railOut;
+            emulation.run(railIn, railOut, count);
+        }
+        writeOutput(out, start, count, channels);
+    }
+}
+
+void StripEffectInput::takeInput(const AudioRecord& in, std::int32_t start, int count, Channels channels)
+{
+    const double* left = in.left(0) + start;
+    const double* right = in.right(0) + start;
+    for (int i = 0; i < count; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        if (channels == Channels::Mono) {
+            meterInMono(left[i]);
+            railIn[0][at] = railIn[1][at] = left[i] * polarity[0].advance();
+        } else {
+            meterInStereo(left[i], right[i]);
+            railIn[0][at] = left[i] * polarity[0].advance();
+            railIn[1][at] = right[i] * polarity[1].advance();
+        }
+    }
+}
+
+void StripEffectInput::runGain(int count, Channels channels)
+{
+    if (!agaEnabled) return applyGain(count, channels);
+    aga.process(railIn, railOut, count, channels == Channels::Stereo);
+    gainCurrent = aga.gain(); // switching the automatic off keeps what it found
+    gainTarget = aga.target();
+}
+
+// The level meters run here too, so at twice the rate while the gain is set by hand.
+void StripEffectInput::applyGain(int count, Channels channels)
+{
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        const double left = railIn[0][i];
+        const double right = railIn[1][i];
+        gainCurrent = flush((gainTarget - gainCurrent) * gainCoefficient + gainCurrent, kGainFlush);
+        railOut[0][i] = left * gainCurrent;
+        railOut[1][i] = right * gainCurrent;
+        if (channels == Channels::Mono) {
+            meterInMono(left);
+            meterOutMono(railOut[0][i]);
+        } else {
+            meterInStereo(left, right);
+            meterOutStereo(railOut[0][i], railOut[1][i]);
+        }
+    }
+}
+
+void StripEffectInput::followGain(int count, Channels channels)
+{
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        const double left = std::fabs(railOut[0][i]);
+        postGain.follow(channels == Channels::Mono ? left : std::max(left, std::fabs(railOut[1][i])));
+    }
+}
+
+void StripEffectInput::writeOutput(const AudioRecord& out, std::int32_t start, int count, Channels channels)
+{
+    double* left = out.left(0) + start;
+    double* right = out.right(0) + start;
+    for (int i = 0; i < count; ++i) {
+        left[i] = railOut[0][static_cast<std::size_t>(i)];
+        right[i] = railOut[1][static_cast<std::size_t>(i)];
+        if (channels == Channels::Mono)
+            meterOutMono(left[i]);
+        else
+            meterOutStereo(left[i], right[i]);
+    }
+}
+
+void StripEffectInput::getMeter(std::uint32_t id, double* out)
+{
+    if (answerLevelMeters(id, out)) return;
+    switch (id - meterBase) {
+    case kPostGainMeter:
+        *out = postGain.level();
+        break;
+    case kAutomaticGainMeter:
+        *out = std::clamp((20.0 * std::log10(aga.target()) + 30.0) / 60.0, 0.0, 1.0);
+        break;
+    case kSaturationMeter:
+        *out = emulation.saturationLevel();
+        break;
+    default:
+        break;
+    }
+}
+
+void StripEffectInput::resetMeters()
+{
+    resetMeterState();
+    postGain.clearReading();
+    emulation.clearSaturation();
+}
+
+} // namespace velmora
