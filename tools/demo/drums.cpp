@@ -51,10 +51,10 @@ Samples makeDrums(double sampleRate)
     const double bars = static_cast<double>(kKick.size()) / 16.0;
     Samples out(static_cast<std::size_t>(bars * 4.0 * 60.0 / kBeatsPerMinute * sampleRate), 0.0);
 
-    play(out, sampleRate, kKick, 0.45, 0.8, [] { return kickAt; });
+    play(out, sampleRate, kKick, 0.45, 0.55, [] { return kickAt; });
 
     NoiseSource noise(1970);
-    play(out, sampleRate, kSnare, 0.3, 0.6, [&] {
+    play(out, sampleRate, kSnare, 0.3, 0.42, [&] {
         Resonator wires;
         wires.tune(3200.0, 4500.0, sampleRate);
         return [&noise, wires](double t) mutable {
@@ -62,7 +62,7 @@ Samples makeDrums(double sampleRate)
             return 0.6 * skin + 1.3 * std::exp(-16.0 * t) * wires.process(noise.next());
         };
     });
-    play(out, sampleRate, kHat, 0.12, 0.35, [&] {
+    play(out, sampleRate, kHat, 0.12, 0.25, [&] {
         Resonator metal;
         metal.tune(10500.0, 5000.0, sampleRate);
         return
