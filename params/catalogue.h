@@ -24,16 +24,16 @@ std::string parameterLabel(ParameterId id);
 /// Display text of a normalised value.
 std::string parameterDisplay(ParameterId id, double value);
 /// Normalised default, 0..1.
-double defaultValue(ParameterId id);
+double defaultValue(ParameterId id) noexcept;
 /// Host steps; 0 where the host shall take 1000.
-int parameterSteps(ParameterId id);
-int parameterFlags(ParameterId id);
+int parameterSteps(ParameterId id) noexcept;
+int parameterFlags(ParameterId id) noexcept;
 
-inline bool isStored(ParameterId id)
+inline bool isStored(ParameterId id) noexcept
 {
     return (parameterFlags(id) & kStoredFlag) != 0;
 }
-inline bool isAutomatable(ParameterId id)
+inline bool isAutomatable(ParameterId id) noexcept
 {
     return (parameterFlags(id) & kAutomatableFlag) != 0;
 }
@@ -46,9 +46,9 @@ std::optional<ParameterId> findParameter(std::string_view longName);
 
 /// Module parameters by Type code (the whole system's) and offset in the window, for inserts and panels. An
 /// offset without a row of its own: default 0.0, no text, no steps.
-double moduleDefault(std::int32_t code, ParameterId offset);
-int moduleSteps(std::int32_t code, ParameterId offset);   ///< wheel steps of the editor's control
-double moduleFine(std::int32_t code, ParameterId offset); ///< fine factor of the editor's control
+double moduleDefault(std::int32_t code, ParameterId offset) noexcept;
+int moduleSteps(std::int32_t code, ParameterId offset) noexcept;   ///< wheel steps of the editor's control
+double moduleFine(std::int32_t code, ParameterId offset) noexcept; ///< fine factor of the editor's control
 std::string moduleValueText(std::int32_t code, ParameterId offset, double value);
 std::optional<double> moduleParseText(std::int32_t code, ParameterId offset, std::string_view text);
 
