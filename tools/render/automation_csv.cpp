@@ -21,31 +21,39 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Reads one field up to the next comma and moves `rest` behind that. @return nothing for a broken quotation.
-std::optional<std::string> takeField(std::string_view& rest)
+/// A quoted field's content, its quotes doubled inside; moves `rest` behind the closing one. @return nothing
+/// if there is none.
+std::optional<std::string> takeQuoted(std::string_view& rest)
 {
-    rest = rest.substr(std::min(rest.find_first_not_of(kBlanks), rest.size()));
-    if (!rest.starts_with('"')) {
-        const std::size_t comma = std::min(rest.find(','), rest.size());
-        const std::string_view field = trimmed(rest.substr(0, comma));
-        rest.remove_prefix(std::min(comma + 1, rest.size()));
-        return std::string(field);
-    }
     std::string field;
-    std::size_t i = 1;
-    for (;; ++i) {
-        if (i >= rest.size()) return std::nullopt;
-        if (rest[i] != '"')
+    for (std::size_t i = 1; i < rest.size(); ++i) {
+        if (rest[i] != '"') {
             field += rest[i];
-        else if (i + 1 < rest.size() && rest[i + 1] == '"')
+        } else if (i + 1 < rest.size() && rest[i + 1] == '"') {
             field += rest[++i];
-        else
-            break;
+        } else {
+            rest.remove_prefix(i + 1);
+            return field;
+        }
     }
-    rest = trimmed(rest.substr(i + 1));
-    if (!rest.empty() && !rest.starts_with(',')) return std::nullopt;
-    if (!rest.empty()) rest.remove_prefix(1);
-    return field;
+    return std::nullopt;
+}
+
+/// @return the fields between the commas of a line, or nothing for a broken quotation.
+std::optional<std::vector<std::string>> splitFields(std::string_view line)
+{
+    std::vector<std::string> fields;
+    for (;;) {
+        line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+        std::optional<std::string> quoted;
+        if (line.starts_with('"') && !(quoted = takeQuoted(line))) return std::nullopt;
+        const std::size_t comma = line.find(',');
+        const std::string_view plain = trimmed(line.substr(0, comma));
+        if (quoted && !plain.empty()) return std::nullopt;
+        fields.push_back(quoted ? std::move(*quoted) : std::string(plain));
+        if (comma == std::string_view::npos) return fields;
+        line.remove_prefix(comma + 1);
+    }
 }
 
 std::optional<double> parseSeconds(const std::string& text)
@@ -63,21 +71,18 @@ std::optional<double> parseSeconds(const std::string& text)
                     "; a line is seconds,name,text, for example 1.5,Mstr:Gain,-6");
 }
 
-AutomationLine parseLine(std::string_view rest, int number, const std::string& fileName)
+AutomationLine parseLine(std::string_view line, int number, const std::string& fileName)
 {
-    if (rest.find('\0') != std::string_view::npos) refuse(fileName, number, "this is no text file");
-    std::string fields[3];
-    for (std::size_t i = 0; i < 3; ++i) {
-        if (i > 0 && rest.empty()) refuse(fileName, number, "fewer than three fields");
-        std::optional<std::string> field = takeField(rest);
-        if (!field) refuse(fileName, number, "a quotation that isn't closed, or text behind it");
-        fields[i] = std::move(*field);
-    }
-    if (!trimmed(rest).empty()) refuse(fileName, number, "more than three fields");
-    const std::optional<double> seconds = parseSeconds(fields[0]);
-    if (!seconds) refuse(fileName, number, "\"" + fields[0] + "\" is no time of 0 or more seconds");
-    if (fields[1].empty()) refuse(fileName, number, "the parameter's name is missing");
-    return {number, *seconds, std::move(fields[1]), std::move(fields[2])};
+    if (line.find('\0') != std::string_view::npos) refuse(fileName, number, "this is no text file");
+    const std::optional<std::vector<std::string>> fields = splitFields(line);
+    if (!fields) refuse(fileName, number, "a quotation that isn't closed, or text behind it");
+    if (fields->size() != 3)
+        refuse(fileName, number, std::to_string(fields->size()) + " fields instead of three");
+    const std::string& name = (*fields)[1];
+    const std::optional<double> seconds = parseSeconds((*fields)[0]);
+    if (!seconds) refuse(fileName, number, "\"" + (*fields)[0] + "\" is no time of 0 or more seconds");
+    if (name.empty()) refuse(fileName, number, "the parameter's name is missing");
+    return {number, *seconds, name, (*fields)[2]};
 }
 
 bool isHeading(std::string_view line)

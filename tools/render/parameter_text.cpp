@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <numeric>
 
@@ -16,8 +17,17 @@ namespace {
 constexpr int kMaxListedSteps = 16;
 constexpr int kInsertTypeSteps = 255;
 
-using ShowText = std::function<std::string(double)>;
-using ParseText = std::function<std::optional<double>(std::string_view)>;
+/// The two directions of a parameter's texts.
+struct Texts {
+    int steps; ///< 0 for a continuous one
+    std::function<std::string(double)> show;
+    std::function<std::optional<double>(std::string_view)> parse;
+};
+
+bool isInsertType(ParameterId id)
+{
+    return id == roleWindow(Role::InsertX).windowBase || id == roleWindow(Role::InsertY).windowBase;
+}
 
 /// Some displays carry a line feed for the editor's narrow boxes.
 std::string onOneLine(std::string text)
@@ -26,38 +36,80 @@ std::string onOneLine(std::string text)
     return text;
 }
 
-/// The texts of all steps, each once, that the parser takes back.
-std::vector<std::string> stepTexts(int steps, const ShowText& show, const ParseText& parse)
+Texts textsOf(ParameterId id)
 {
-    std::vector<std::string> texts;
-    for (int i = 0; i <= steps; ++i) {
-        std::string text = show(static_cast<double>(i) / steps);
-        if (!text.empty() && std::ranges::find(texts, text) == texts.end() && parse(text))
-            texts.push_back(std::move(text));
+    return {isInsertType(id) ? kInsertTypeSteps : parameterSteps(id),
+            [id](double v) { return onOneLine(parameterDisplay(id, v)); },
+            [id](std::string_view text) { return textToValue(id, text); }};
+}
+
+Texts moduleTextsOf(std::int32_t code, ParameterId offset)
+{
+    return {moduleSteps(code, offset), [=](double v) { return onOneLine(moduleValueText(code, offset, v)); },
+            [=](std::string_view text) { return moduleParseText(code, offset, text); }};
+}
+
+/// What steps beyond a list's end show.
+constexpr std::string_view kNoMeaning = "undef";
+
+/// The texts of all steps, one behind the other, that the parser takes back.
+std::string joinedSteps(const Texts& texts)
+{
+    std::vector<std::string> all;
+    for (int i = 0; i <= texts.steps; ++i) {
+        std::string text = texts.show(static_cast<double>(i) / texts.steps);
+        if (!text.empty() && text != kNoMeaning && std::ranges::find(all, text) == all.end() &&
+            texts.parse(text))
+            all.push_back(std::move(text));
     }
-    return texts;
+    std::string joined;
+    for (const std::string& text : all) joined += (joined.empty() ? "" : ", ") + text;
+    return joined;
 }
 
-std::string joined(const std::vector<std::string>& texts)
+std::string describe(const Texts& texts)
 {
-    std::string all;
-    for (const std::string& text : texts) all += (all.empty() ? "" : ", ") + text;
-    return all;
-}
-
-std::string describe(int steps, const ShowText& show, const ParseText& parse)
-{
-    if (steps >= 1 && steps <= kMaxListedSteps)
-        if (const std::vector<std::string> texts = stepTexts(steps, show, parse); !texts.empty())
-            return joined(texts);
-    const std::string low = show(0.0);
-    const std::string high = show(1.0);
+    if ((texts.steps >= 1 && texts.steps <= kMaxListedSteps) || texts.steps == kInsertTypeSteps)
+        if (std::string steps = joinedSteps(texts); !steps.empty()) return steps;
+    if (texts.steps == 1 && texts.parse("On")) return "Off, On";
+    const std::string low = texts.show(0.0);
+    const std::string high = texts.show(1.0);
     return low.empty() && high.empty() ? "" : low + " to " + high;
 }
 
-bool isInsertType(ParameterId id)
+bool beginsWithNumber(std::string_view text)
 {
-    return id == roleWindow(Role::InsertX).windowBase || id == roleWindow(Role::InsertY).windowBase;
+    text.remove_prefix(std::min(text.find_first_not_of(" +-."), text.size()));
+    return !text.empty() && std::isdigit(static_cast<unsigned char>(text.front()));
+}
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return result;
+}
+
+/// A number that is 0, in whatever form, with or without a unit behind it.
+bool isZero(const std::string& text)
+{
+    char* end = nullptr;
+    return std::strtod(text.c_str(), &end) == 0.0 && end != text.c_str();
+}
+
+/// The catalogue's boxes take some forms of 0 only, and some of them read a word that they don't know as 0.
+/// On a command line the first is a trap and the second hides a slip: here every 0 is good, and a word counts
+/// only if the value shows as that word, or turns a switch on or off.
+std::optional<double> parseStrictly(const std::string& text, const Texts& texts)
+{
+    std::optional<double> value = texts.parse(text);
+    if (!value && isZero(text)) value = texts.parse("0");
+    if (!value || !std::isfinite(*value)) return std::nullopt;
+    if (beginsWithNumber(text)) return value;
+    const std::string word = lowered(text);
+    if (texts.steps == 1 && (word == "on" || word == "off")) return value;
+    const bool shown = !word.empty() && lowered(texts.show(*value)).find(word) != std::string::npos;
+    return shown ? value : std::nullopt;
 }
 
 /// Number of single-character edits between two texts, letter case aside.
@@ -97,17 +149,7 @@ std::vector<ParameterId> settableParameters()
 
 std::string acceptedTexts(ParameterId id)
 {
-    const int steps = isInsertType(id) ? kInsertTypeSteps : parameterSteps(id);
-    const ShowText show = [id](double v) { return onOneLine(parameterDisplay(id, v)); };
-    const ParseText parse = [id](std::string_view text) { return textToValue(id, text); };
-    return isInsertType(id) ? joined(stepTexts(steps, show, parse)) : describe(steps, show, parse);
-}
-
-std::string acceptedModuleTexts(std::int32_t code, ParameterId offset)
-{
-    return describe(
-        moduleSteps(code, offset), [=](double v) { return onOneLine(moduleValueText(code, offset, v)); },
-        [=](std::string_view text) { return moduleParseText(code, offset, text); });
+    return describe(textsOf(id));
 }
 
 std::string nearestParameter(std::string_view name)
@@ -149,13 +191,13 @@ ParameterChange ParameterTexts::resolve(const std::string& name, const std::stri
 
     const std::int32_t code = insertCode(*id);
     const ParameterId offset = code ? *id - windowOf(*id)->windowBase : 0;
-    std::optional<double> value;
-    if (code) value = moduleParseText(code, offset, text);
-    if (!value) value = textToValue(*id, text);
-    if (!value || !std::isfinite(*value)) {
-        const std::string accepted = code ? acceptedModuleTexts(code, offset) : acceptedTexts(*id);
-        throw UserError("\"" + name + "\" doesn't take \"" + text + "\"; it takes " +
-                        (accepted.empty() ? "no text" : accepted));
+    const Texts texts = code ? moduleTextsOf(code, offset) : textsOf(*id);
+    const std::optional<double> value = parseStrictly(text, texts);
+    if (!value) {
+        const std::string accepted = describe(texts);
+        const std::string holder = code ? " of " + std::string(moduleTypeName(code)) : "";
+        throw UserError("\"" + name + "\"" + holder + " doesn't take \"" + text + "\"; it takes " +
+                        (accepted.empty() ? "nothing: it has no such parameter" : accepted));
     }
     if (isInsertType(*id)) follow(*id, *value);
     return {*id, *value};

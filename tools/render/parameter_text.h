@@ -20,8 +20,6 @@ std::vector<ParameterId> settableParameters();
 
 /// What a parameter takes, for a message or a list: "Out, In" or "-30.0 to 30.0"; empty if it shows no text.
 std::string acceptedTexts(ParameterId id);
-/// The same for a parameter of a module in an insert.
-std::string acceptedModuleTexts(std::int32_t code, ParameterId offset);
 
 /// @return the settable parameter whose long name is nearest to a misspelt one.
 std::string nearestParameter(std::string_view name);
