@@ -37,7 +37,7 @@ TEST(ParameterText, TakesEveryZeroButNoUnknownWordForIt)
     EXPECT_EQ(ParameterTexts().resolve("Comp:HPF", "off").value, 0.0);
     EXPECT_EQ(ParameterTexts().resolve("Mstr:Gain", "-oo").value, 0.0);
     EXPECT_EQ(ParameterTexts().resolve("Flt:LPF In", "Off").value, 0.0);
-    EXPECT_NEAR(ParameterTexts().resolve("Lim:Shape", "tape 2").value, 0.3, 1e-12);
+    EXPECT_NEAR(ParameterTexts().resolve("Lim:Shape", "Tape 2").value, 0.3, 1e-12);
 }
 
 TEST(ParameterText, SaysWhatWouldBeRight)

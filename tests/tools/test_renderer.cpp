@@ -164,7 +164,7 @@ TEST_F(Renderer, RefusesInOneLineAndLeavesNoFile)
         {{in}, "IN and OUT"},
         {{in, out, "more"}, "--help"},
         {{in, out, "--loud"}, "--loud"},
-        {{in, out, "--block", "0"}, "1 - 65536"},
+        {{in, out, "--block", "0"}, "1 to 65536"},
         {{in, out, "--block", "many"}, "--block"},
         {{in, out, "--tail", "-1"}, "--tail"},
         {{in, out, "--csv"}, "--list-parameters"},

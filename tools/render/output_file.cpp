@@ -32,7 +32,8 @@ OutputFile::OutputFile(const std::filesystem::path& path) : path_(path)
     const std::filesystem::path folder = path.has_parent_path() ? path.parent_path() : ".";
     if (!std::filesystem::is_directory(folder, ignored))
         throw UserError("the folder of " + path.string() + " doesn't exist");
-    std::string name = (folder / ("." + path.filename().string() + ".XXXXXX")).string();
+    std::string name = (folder / ".").string();
+    name += path.filename().string() + ".XXXXXX";
     descriptor_ = mkstemp(name.data());
     if (descriptor_ < 0) throw UserError(path.string() + " can't be written: " + std::strerror(errno));
     temporary_ = name;

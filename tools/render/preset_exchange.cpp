@@ -51,7 +51,7 @@ std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk,
 
     std::vector<std::uint8_t> result(kBlockOffset + blockSize(bank.slots.size()));
     std::copy_n(chunk.begin(), kBlockOffset, result.begin());
-    ByteWriter out(std::span(result).subspan(kBlockOffset));
+    ByteWriter out{std::span(result).subspan(kBlockOffset)};
     encodeBlock(out, BlockKind::Bank, bank.slots, bank.header.settings);
     return result;
 }
