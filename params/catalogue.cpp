@@ -29,13 +29,14 @@ std::string totalReductionText(double gain)
     return gain < kSilentReduction ? "-oo" : fixedText(20.0 * std::log10(gain), 4, 2);
 }
 
-/// A number of 0..1, with or without the tag that the display writes.
-std::optional<double> insertOwnParse(Role role, std::string_view text)
+/// A number of 0..1, alone or behind the tag that either insert's display writes.
+std::optional<double> insertOwnParse(std::string_view text)
 {
     text = trimmed(text);
-    if (text.starts_with(insertTag(role))) text = trimmed(text.substr(insertTag(role).size()));
-    if (text.find_first_of("0123456789") == text.npos) return std::nullopt;
-    const auto x = readNumber(text);
+    for (const Role role : {Role::InsertX, Role::InsertY})
+        if (text.starts_with(insertTag(role))) text = trimmed(text.substr(insertTag(role).size()));
+    const bool isNumber = !text.empty() && std::string_view("0123456789.").find(text.front()) != text.npos;
+    const auto x = isNumber ? readNumber(text) : std::nullopt;
     return x && *x >= 0.0 && *x <= 1.0 ? x : std::nullopt;
 }
 
@@ -78,7 +79,7 @@ std::optional<double> textToValue(ParameterId id, std::string_view text)
     const ParameterId offset = id - window->windowBase;
     if (offset < kRackBlockSize) return rackParse(*window, offset, text);
     if (offset < kOwnOffset) return std::nullopt;
-    if (isInsert(window->role)) return insertOwnParse(window->role, text);
+    if (isInsert(window->role)) return insertOwnParse(text);
     const ParameterRow* row = findRow(rowsOfKind(window->kind), offset);
     return row ? parseRow(*row, text) : std::nullopt;
 }

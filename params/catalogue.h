@@ -45,7 +45,8 @@ std::optional<double> textToValue(ParameterId id, std::string_view text);
 std::optional<ParameterId> findParameter(std::string_view longName);
 
 /// Module parameters by Type code (the whole system's) and offset in the window, for inserts and panels. An
-/// offset without a row of its own: default 0.0, no text, no steps.
+/// offset without a row of its own: default 0.0, no text, no steps. Steps and fine factor are 0 where the
+/// control keeps the start values of its class.
 double moduleDefault(std::int32_t code, ParameterId offset) noexcept;
 int moduleSteps(std::int32_t code, ParameterId offset) noexcept;   ///< wheel steps of the editor's control
 double moduleFine(std::int32_t code, ParameterId offset) noexcept; ///< fine factor of the editor's control

@@ -51,8 +51,8 @@ std::int64_t roundedUnits(Decimal decimal, int decimals)
     return (decimal.digits % unit) * kRoundUpScale >= kRoundUp * unit ? whole + 1 : whole;
 }
 
-/// Single precision carries a stored frequency only to about 2.1e-7; without this much slack "1k99" would
-/// come back from a host as "1k98".
+/// A parameter stored in single precision carries a frequency only to about 2.1e-7; without this much slack
+/// "1k99" would come back from a host as "1k98".
 constexpr double kStorageSlack = 2.5e-7;
 
 bool isBlank(char c)
@@ -81,11 +81,12 @@ std::string frequencyText(double hertz)
 {
     const auto value = static_cast<float>(hertz);
     if (!(value < 99999999.0f)) return {};
-    if (value < 10.0f) return numberText(value, 2);
-    if (value < 100.0f) return numberText(value, 1);
-    if (value < 1000.0f) return numberText(value, 0);
+    const double reached = double{value} * (1.0 + kStorageSlack);
+    if (reached < 10.0) return numberText(value, 2);
+    if (reached < 100.0) return numberText(value, 1);
+    if (reached < 1000.0) return numberText(value, 0);
 
-    const int whole = wholePart(double{value} * (1.0 + kStorageSlack));
+    const int whole = wholePart(reached);
     const int hundreds = whole / 100 % 10;
     const int tens = whole / 10 % 10;
     std::string text = std::to_string(whole / 1000) + "k";

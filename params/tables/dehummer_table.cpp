@@ -39,7 +39,7 @@ std::string showOffset(const DisplayRule&, double v)
 {
     const double hertz = dehummer::offsetHz(v);
     if (hertz == 0.0) return "0";
-    return (hertz > 0.0 ? "+" : "") + fixedText(hertz, 4, 2);
+    return std::string(hertz > 0.0 ? "+" : "").append(fixedText(hertz, 4, 2));
 }
 
 constexpr double kHalfwayInverse = 2.409420839653208;

@@ -19,10 +19,7 @@ constexpr std::string_view kShapes[]{"Valve 1", "Valve 2", "Tape 1", "Tape 2", "
                                      "undef",   "undef",   "undef",  "undef",  "undef"};
 
 /// Release and high pass share their text form; what is typed below 10 ends at the bottom.
-constexpr ParseRule kDecades = [] {
-    ParseRule rule = parse::downTo(parse::frequency(10.0, 1000.0), 0.1);
-    return rule;
-}();
+constexpr ParseRule kDecades = parse::downTo(parse::frequency(10.0, 1000.0), 0.1);
 constexpr ParseRule kDecadesOrOff = [] {
     ParseRule rule = kDecades;
     rule.bottomWord = "Off";
