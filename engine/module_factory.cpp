@@ -1,6 +1,7 @@
 #include "engine/module_factory.h"
 
 #include "modules/eq/strip_effect_eq.h"
+#include "modules/input/strip_effect_input.h"
 #include "modules/limiter/strip_effect_limiter.h"
 #include "modules/output/strip_effect_output.h"
 #include "modules/through/strip_effect_through.h"
@@ -27,7 +28,7 @@ struct ModuleClass {
 };
 
 constexpr ModuleClass kModuleClasses[] = {
-    {ModuleKind::Preamp, kEveryVariant, nullptr},
+    {ModuleKind::Preamp, kEveryVariant, make<StripEffectInput>},
     {ModuleKind::Filters, kEveryVariant, nullptr},
     {ModuleKind::Dynamics, kEveryVariant, nullptr},
     {ModuleKind::Compressor, kEveryVariant, nullptr},

@@ -1,0 +1,17 @@
+# Script: removes the plug-in from FOLDER, or what MANIFEST, the list of an install, names.
+if(FOLDER)
+  set(files ${FOLDER}/velmora_mono.so)
+elseif(EXISTS "${MANIFEST}")
+  file(STRINGS ${MANIFEST} files)
+else()
+  message(FATAL_ERROR "Nothing was installed from this build; name the folder with -DFOLDER=...")
+endif()
+
+foreach(path IN LISTS files)
+  if(EXISTS ${path} OR IS_SYMLINK ${path})
+    file(REMOVE ${path})
+    message(STATUS "Removed: ${path}")
+  else()
+    message(STATUS "Not there: ${path}")
+  endif()
+endforeach()
