@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace velmora {
 
@@ -140,7 +139,7 @@ std::optional<double> readFrequency(std::string_view text)
 int wholePart(double value)
 {
     if (std::isnan(value)) return 0;
-    constexpr double kLimit = std::numeric_limits<int>::max();
+    constexpr double kLimit = 1e9;
     return static_cast<int>(std::clamp(value, -kLimit, kLimit));
 }
 

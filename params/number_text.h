@@ -30,7 +30,8 @@ std::optional<double> readNumber(std::string_view text);
 /// As `readNumber`, but a "k" or "K" stands for the decimal mark and multiplies by 1000: "1k5" is 1500.
 std::optional<double> readFrequency(std::string_view text);
 
-/// Whole part of a value, cut toward zero and held within int; 0 for NaN.
+/// Whole part of a value, cut toward zero and held within 1e9, so that small sums on it stay in int; 0 for
+/// NaN.
 int wholePart(double value);
 
 } // namespace velmora
