@@ -53,24 +53,27 @@ std::string_view presetFileStatusText(PresetFileStatus status)
     return "";
 }
 
-PresetFileStatus loadPresetFile(const std::string& path, int swapMode, Preset* preset)
+PresetFileStatus readPresetBlock(std::span<const std::uint8_t> block, int swapMode, Preset* preset)
 {
-    const auto bytes = readWholeFile(path, kMaxFileSize, FileAccess::ReadWrite);
-    if (!bytes) return PresetFileStatus::Unreadable;
-    if (bytes->size() < kMinFileSize) return PresetFileStatus::NotAPreset;
-
+    if (block.size() < kMinFileSize) return PresetFileStatus::NotAPreset;
     const BlockRules rules{
         .kind = BlockKind::SinglePreset, .siblingMagic = true, .invertSwap = swapMode != 0};
     BlockHeader header;
     Preset decoded = *preset;
     decoded.values[kProcessId] = kNotLoaded;
-    const BlockStatus status = decodeBlock(*bytes, rules, header, {.slots = {&decoded, 1}});
+    const BlockStatus status = decodeBlock(block, rules, header, {.slots = {&decoded, 1}});
     if (status != BlockStatus::Good) return fileStatus(status);
 
     const bool complete = decoded.values[kProcessId] >= 0.0f;
     if (!complete) decoded.values[kProcessId] = preset->values[kProcessId];
     *preset = decoded;
     return complete ? PresetFileStatus::Loaded : PresetFileStatus::Incomplete;
+}
+
+PresetFileStatus loadPresetFile(const std::string& path, int swapMode, Preset* preset)
+{
+    const auto bytes = readWholeFile(path, kMaxFileSize, FileAccess::ReadWrite);
+    return bytes ? readPresetBlock(*bytes, swapMode, preset) : PresetFileStatus::Unreadable;
 }
 
 std::vector<std::uint8_t> writePresetBlock(const Preset& preset, const BlockSettings& settings)

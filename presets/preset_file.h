@@ -2,6 +2,7 @@
 
 #include "presets/preset_block.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,10 +26,13 @@ enum class PresetFileStatus {
 /// One line for a user, without the file's name.
 std::string_view presetFileStatusText(PresetFileStatus status);
 
-/// Reads a preset file in either byte order, of this program or its stereo sibling. What the file doesn't
-/// hold stays in `preset` as the caller filled it in. Unless the file is loaded or Incomplete, `preset` is
-/// left alone.
-/// @param swapMode not 0: read against the byte order that the file tells.
+/// Reads the bytes of a preset file in either byte order, of this program or its stereo sibling. What they
+/// don't hold stays in `preset` as the caller filled it in. Unless the result is Loaded or Incomplete,
+/// `preset` is left alone.
+/// @param swapMode not 0: read against the byte order that the magic tells.
+PresetFileStatus readPresetBlock(std::span<const std::uint8_t> block, int swapMode, Preset* preset);
+
+/// The same from a file, which has to be writable.
 PresetFileStatus loadPresetFile(const std::string& path, int swapMode, Preset* preset);
 
 /// The bytes of a preset file.
