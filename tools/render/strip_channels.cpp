@@ -52,7 +52,8 @@ void StripChannels::processAs(Buffers<Sample>& buffers, double* interleaved, con
         host::LoadedPlugin& plugin = *plugins_[static_cast<std::size_t>(c)];
         plugin.process(in, out, frames);
         for (int i = 0; i < frames; ++i) interleaved[i * channels + c] = static_cast<double>(out[0][i]);
-        lowestGain_ = std::min(lowestGain_, static_cast<double>(plugin.parameter(kTotalGainReductionId)));
+        highestReduction_ =
+            std::max(highestReduction_, static_cast<double>(plugin.parameter(kTotalGainReductionId)));
     }
 }
 

@@ -24,8 +24,8 @@ public:
     /// size of the settings
     void process(double* interleaved, const double* key, int keyChannels, int frames);
 
-    /// The most that the strips have turned down so far, linear; 1 is nothing.
-    double lowestGain() const { return lowestGain_; }
+    /// The lowest gain to which the strips' dynamics have turned down so far, linear; 1 is nothing.
+    double lowestGain() const { return 1.0 - highestReduction_; }
 
 private:
     template <typename Sample>
@@ -40,7 +40,7 @@ private:
     host::RunSettings settings_;
     Buffers<float> single_;
     Buffers<double> double_;
-    double lowestGain_ = 1.0;
+    double highestReduction_ = 0.0; ///< reading of the gain-reduction meter, 1 - gain
 };
 
 } // namespace velmora::render
