@@ -1,3 +1,4 @@
+#include "bench/module_bench.h"
 #include "dsp/rise_fall_follower.h"
 #include "dsp/strip_biquad.h"
 
@@ -9,7 +10,6 @@
 namespace velmora::bench {
 namespace {
 
-constexpr int kBlock = 64;
 constexpr int kGlideBlocks = 41; // a glide lasts 41 blocks and a bit
 
 enum class State { Idle, Gliding };
@@ -31,13 +31,6 @@ StripBiquad peaking()
     return section;
 }
 
-void reportPerSample(benchmark::State& state)
-{
-    state.counters["ns/sample"] =
-        benchmark::Counter(static_cast<double>(state.iterations()) * kBlock * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
-
 // One redesign per glide: its share is some 0.1 ns per sample.
 template <State state, Form form>
 void section(benchmark::State& run)
@@ -56,7 +49,7 @@ void section(benchmark::State& run)
             for (double& x : block) x = biquad.runSample(x);
         benchmark::DoNotOptimize(block);
     }
-    reportPerSample(run);
+    reportPerSample(run, kBlock);
 }
 BENCHMARK(section<State::Idle, Form::Sample>);
 BENCHMARK(section<State::Idle, Form::Block>);
@@ -74,7 +67,7 @@ void softLimitedSection(benchmark::State& run)
         biquad.runBlock(block.data(), kBlock);
         benchmark::DoNotOptimize(block);
     }
-    reportPerSample(run);
+    reportPerSample(run, kBlock);
 }
 BENCHMARK(softLimitedSection);
 
@@ -101,7 +94,7 @@ void riseFallFollower(benchmark::State& run)
         follower.process(input.data(), kBlock);
         benchmark::DoNotOptimize(follower);
     }
-    reportPerSample(run);
+    reportPerSample(run, kBlock);
 }
 BENCHMARK(riseFallFollower);
 

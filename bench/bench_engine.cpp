@@ -1,3 +1,4 @@
+#include "bench/module_bench.h"
 #include "engine/velmora_mono_effect.h"
 
 #include <benchmark/benchmark.h>
@@ -57,9 +58,7 @@ void runStrip(benchmark::State& state, VelmoraMonoEffect& effect)
         benchmark::DoNotOptimize(host.samples[4][0]);
         benchmark::ClobberMemory();
     }
-    state.counters["ns/sample"] =
-        benchmark::Counter(static_cast<double>(state.iterations()) * static_cast<double>(frames) * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    bench::reportPerSample(state, static_cast<int>(frames));
 }
 
 template <typename Sample>

@@ -32,6 +32,14 @@ private:
     std::array<std::array<double, kBlock>, 4> channels_{};
 };
 
+/// Reports the time of one sample; `samples` went by in each iteration.
+inline void reportPerSample(benchmark::State& state, int samples)
+{
+    state.counters["per_sample"] =
+        benchmark::Counter(static_cast<double>(state.iterations()) * samples,
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
 /// Runs a module in 64-sample blocks and reports ns per sample. `before` runs at the head of each block, for
 /// example to move a parameter so that the module keeps gliding.
 template <typename Before>
@@ -44,9 +52,7 @@ void runModule(benchmark::State& state, StripEffect& module, Before before)
         module.processMono(buffers.record, buffers.record, kBlock);
         benchmark::DoNotOptimize(buffers.record.channels[0][0]);
     }
-    state.counters["ns/sample"] =
-        benchmark::Counter(static_cast<double>(state.iterations()) * kBlock * 1e-9,
-                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    reportPerSample(state, kBlock);
 }
 
 inline void runModule(benchmark::State& state, StripEffect& module)

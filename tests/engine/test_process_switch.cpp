@@ -88,7 +88,8 @@ TEST(ProcessSwitch, StartsAFadeFromItsEndValueAndNoneWithoutAChange)
 
 TEST(ProcessSwitch, FadeLeavesAnUnprocessedSignalAlone)
 {
-    VelmoraMonoEffect effect;
+    VelmoraMonoEffect effect({[](Role, const ModuleBases&) { return nullptr; },
+                              [](std::int32_t, const ModuleBases&) { return nullptr; }});
     std::vector<double> input(500);
     for (std::size_t i = 0; i < input.size(); ++i) input[i] = std::sin(0.1 * static_cast<double>(i));
     std::vector<double> output(input.size());
