@@ -1,5 +1,6 @@
 #include "engine/module_factory.h"
 
+#include "modules/compressor/strip_effect_compressor.h"
 #include "modules/eq/strip_effect_eq.h"
 #include "modules/input/strip_effect_input.h"
 #include "modules/limiter/strip_effect_limiter.h"
@@ -31,7 +32,7 @@ constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Preamp, kEveryVariant, make<StripEffectInput>},
     {ModuleKind::Filters, kEveryVariant, nullptr},
     {ModuleKind::Dynamics, kEveryVariant, nullptr},
-    {ModuleKind::Compressor, kEveryVariant, nullptr},
+    {ModuleKind::Compressor, kEveryVariant, make<StripEffectCompressor>},
     {ModuleKind::Equalizer, kEveryVariant, make<StripEffectEq>},
     {ModuleKind::Limiter, kEveryVariant, make<StripEffectLimiter>},
     {ModuleKind::Output, kEveryVariant, make<StripEffectOutput>},
