@@ -2,9 +2,11 @@
 #include "tests/support/plugin_host.h"
 #include "tests/support/program.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -47,6 +49,24 @@ TEST(LoadedPluginTest, LoadsAndUnloadsAHundredTimes)
         ASSERT_EQ(first.chunk().size(), 19209u);
         ASSERT_TRUE(allFinite(runPlugin(first, input).left));
     }
+}
+
+// A copy of its own, so that no other test keeps it in memory.
+TEST(LoadedPluginTest, LeavesMemoryWhenUnloaded)
+{
+    privateHome();
+    const TemporaryFolder folder;
+    const std::string copy = folder.file("velmora_mono.so");
+    std::filesystem::copy_file(pluginPath(), copy);
+    {
+        const host::PluginLibrary library(copy);
+        host::LoadedPlugin plugin(library);
+        plugin.start({});
+        void* const again = dlopen(copy.c_str(), RTLD_NOW | RTLD_NOLOAD);
+        ASSERT_NE(again, nullptr);
+        dlclose(again);
+    }
+    EXPECT_EQ(dlopen(copy.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
 TEST(LoadedPluginTest, RefusesAHostWithoutVersion)
