@@ -3,7 +3,7 @@
 # Usage: scripts/demo.sh BUILD_FOLDER
 set -euo pipefail
 
-build=$1
+build=$(realpath "$1")
 results=$build/demo
 mkdir -p "$results"
 
