@@ -3,7 +3,7 @@
 # Usage: scripts/demo.sh BUILD_FOLDER
 set -euo pipefail
 
-build=$1
+build=$(realpath "$1")
 results=$build/demo
 mkdir -p "$results"
 
@@ -20,13 +20,17 @@ render() {
 }
 
 render default "The strip as it starts:"
-render warm "A hotter preamp, more lows, less level:" \
-    --set "Pre:Drive=9" --set "EQ:LO Gain=4" --set "EQ:HI Gain=2" --set "Mstr:Gain=-3"
-render tight "Filters in, a low compressor threshold, make-up gain:" \
-    --set "Flt:HPF Freq=90" --set "Comp:Threshold=-24" --set "Comp:Ratio=4" --set "Comp:Makeup Gain=6"
+render warm "A hotter preamp, more lows and highs:" \
+    --set "Pre:Drive=9" --set "EQ:LO Gain=4" --set "EQ:HI Gain=2"
+render tight "Lows filtered, much compression, make-up gain, peaks limited:" \
+    --set "Flt:HPF Freq=90" --set "Comp:Threshold=-24" --set "Comp:Ratio=4" --set "Comp:Makeup Gain=6" \
+    --set "Lim:Type=BrickWall"
+render deessed "A de-esser in the first insert, the fader 3 dB down:" \
+    --set "InsX:Type=De-esser" --set "InsX:Prm01=6k" --set "Mstr:Type=Master Control" --set "Mstr:Gain=-3"
 
 cat > "$results/fade.csv" <<'CSV'
 time,name,text
+0,Mstr:Type,Master Control
 0,Mstr:Gain,-40
 1,Mstr:Gain,-20
 2,Mstr:Gain,-10

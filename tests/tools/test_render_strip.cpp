@@ -69,6 +69,22 @@ TEST_F(RenderStrip, AgreesBetweenPrecisionsAndBlockSizes)
     EXPECT_LT(maxDifference(through(kMaster).channels[1], reference.channels[1]), 1e-6);
 }
 
+// A limiter's meter starts at full reduction; the report must not take that for work.
+TEST_F(RenderStrip, ReportsTheReductionThatTheSoundHad)
+{
+    writeRecording(file("in.wav"), {48000, {noise(3 * kFrames, 0.05)}});
+    const std::vector<std::string> files{file("in.wav"), file("out.wav"), "--plugin", pluginPath().string()};
+    std::vector<std::string> options = files;
+    options.insert(options.end(), {"--set", "Comp:Type=-", "--set", "Lim:Type=BrickWall"});
+    const std::string idle = render(options).out;
+    EXPECT_NE(idle.find("gain reduction 0.00 dB"), std::string::npos) << idle;
+    options.insert(options.end(), {"--set", "Lim:Ceiling=-40"});
+    const std::string busy = render(options).out;
+    const double reduction = std::stod(busy.substr(busy.find("gain reduction ") + 15));
+    EXPECT_GT(reduction, 3.0) << busy;
+    EXPECT_LT(reduction, 30.0) << busy;
+}
+
 TEST_F(RenderStrip, SavesAPresetThatGivesTheSameSound)
 {
     std::vector<std::string> settings = kMaster;

@@ -2,6 +2,7 @@
 
 #include "tools/host/loaded_plugin.h"
 #include "tools/render/parameter_text.h"
+#include "tools/render/reduction_reading.h"
 
 #include <memory>
 #include <vector>
@@ -25,9 +26,12 @@ public:
     void process(double* interleaved, const double* key, int keyChannels, int frames);
 
     /// The lowest gain to which the strips' dynamics have turned down so far, linear; 1 is nothing.
-    double lowestGain() const { return 1.0 - highestReduction_; }
+    double lowestGain() const;
 
 private:
+    bool limiterRuns() const;
+    void settleReadings();
+
     template <typename Sample>
     struct Buffers {
         std::vector<Sample> in, key, outLeft, outRight;
@@ -37,10 +41,10 @@ private:
                    int frames);
 
     std::vector<std::unique_ptr<host::LoadedPlugin>> plugins_;
+    std::vector<ReductionReading> reductions_;
     host::RunSettings settings_;
     Buffers<float> single_;
     Buffers<double> double_;
-    double highestReduction_ = 0.0; ///< reading of the gain-reduction meter, 1 - gain
 };
 
 } // namespace velmora::render
