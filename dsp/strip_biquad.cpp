@@ -59,6 +59,15 @@ void StripBiquad::setGainDb(double db)
     redesign();
 }
 
+void StripBiquad::setDesign(StripBiquadKind kind, double hz, double q, double db)
+{
+    settings_.kind = kind;
+    settings_.frequency = std::clamp(hz, kMinFrequency, settings_.sampleRate);
+    settings_.q = std::clamp(q, kMinQ, kMaxQ);
+    settings_.gainDb = std::clamp(db, -kMaxGainDb, kMaxGainDb);
+    redesign();
+}
+
 void StripBiquad::setSampleRate(double hz)
 {
     settings_.sampleRate = std::clamp(hz, kReferenceRate, kMaxRate);

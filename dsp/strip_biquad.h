@@ -25,7 +25,9 @@ public:
     void setFrequency(double hz);    ///< clamped to 0.001 Hz .. sample rate
     void setQ(double q);             ///< clamped to 0.0001 .. 1000
     void setGainDb(double db);       ///< clamped to -1000 .. 1000 dB
-    void setSampleRate(double hz);   ///< clamped to 44100 .. 384000 Hz; the glide's length stays
+    /// The four at once, clamped like each alone: one design and one glide in place of four.
+    void setDesign(StripBiquadKind kind, double hz, double q, double db);
+    void setSampleRate(double hz); ///< clamped to 44100 .. 384000 Hz; the glide's length stays
 
     /// Switches the section on or off: clears the history and lands on the target. It doesn't redesign, and a
     /// section designed while disabled has a unity target: set a design value after enabling.
