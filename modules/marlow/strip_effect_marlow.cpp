@@ -59,6 +59,7 @@ void StripEffectMarlow::setSampleRate(double hz)
     sampleRate = std::clamp(hz, kMinSampleRate, kMaxSampleRate);
     detection.setSampleRate(sampleRate);
     dynamicFilter.setSampleRate(sampleRate);
+    smoothingStep = marlowSmoothingStep(sampleRate);
     updateRates();
     dynamicGain.reset();
 }
@@ -146,7 +147,7 @@ void StripEffectMarlow::processMono(const AudioRecord& in, const AudioRecord& ou
     }
     const double* input = in.left(0);
     const double* key = in.left(sideChainSource);
-    const double k = marlowSmoothingStep(sampleRate);
+    const double k = smoothingStep;
     double gainDb = dynamicGainDb;
     for (std::int32_t i = 0; i < frames; ++i) {
         const double x = input[i];

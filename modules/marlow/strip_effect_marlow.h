@@ -37,6 +37,7 @@ private:
     DynamicGain dynamicGain;
     ThresholdIndicator indicator;
 
+    double smoothingStep = 1.0; ///< of frequency, Q and indicator, per sample
     double timeFactor = 1.0;
     double thresholdDb = -30.0;
     MarlowShape filterType = MarlowShape::Peak;
