@@ -32,9 +32,15 @@ constexpr std::array<QWarp, 11> kQWarps{{
     {0.0, 0.0},     // AllPass
 }};
 
+double clampedFrequency(const BiquadSettings& set)
+{
+    return std::min(kHighestShare * set.sampleRate, set.frequency);
+}
+
 double warpedQ(const BiquadSettings& set, double frequency)
 {
     const QWarp warp = kQWarps[static_cast<std::size_t>(set.kind)];
+    if (warp.exponent == 0.0) return set.q;
     return set.q * (1.0 - std::pow(frequency / (warp.scale * set.sampleRate), warp.exponent));
 }
 
@@ -112,38 +118,52 @@ BiquadCoefficients onePoleLowPass(double frequency, double sampleRate)
 
 } // namespace
 
+BiquadPrewarp prewarpBiquad(const BiquadSettings& set)
+{
+    const double f = clampedFrequency(set);
+    const double w = 2.0 * std::numbers::pi * f / set.sampleRate;
+    const bool unclamped = set.kind == StripBiquadKind::BandPass;
+    return {std::cos(w), std::sin(w), warpedQ(set, unclamped ? set.frequency : f)};
+}
+
 BiquadCoefficients designBiquad(const BiquadSettings& set)
 {
-    const double f = std::min(kHighestShare * set.sampleRate, set.frequency);
-    const double w = 2.0 * std::numbers::pi * f / set.sampleRate;
-    const double c = std::cos(w);
-    const double s = std::sin(w);
-    const double a = std::pow(10.0, set.gainDb / 40.0);
-    const auto alpha = [&](double q) { return s / (2.0 * q); };
-    const auto shelf = [&] { return std::sqrt(a) * s / warpedQ(set, f); };
+    return designBiquad(set, prewarpBiquad(set));
+}
+
+BiquadCoefficients designBiquad(const BiquadSettings& set, const BiquadPrewarp& prewarp)
+{
+    const double c = prewarp.c;
+    const auto alpha = [&] { return prewarp.s / (2.0 * prewarp.q); };
+    const auto amplitude = [&] { return std::pow(10.0, set.gainDb / 40.0); };
+    const auto slope = [&](double a) { return std::sqrt(a) * prewarp.s / prewarp.q; };
 
     switch (set.kind) {
     case StripBiquadKind::HighPass:
-        return highPass(c, alpha(warpedQ(set, f)));
+        return highPass(c, alpha());
     case StripBiquadKind::LowPass:
-        return lowPass(c, alpha(warpedQ(set, f)));
+        return lowPass(c, alpha());
     case StripBiquadKind::Peaking:
-        return peaking(c, alpha(warpedQ(set, f)), a);
+        return peaking(c, alpha(), amplitude());
     case StripBiquadKind::BandPass:
-        return bandPass(c, alpha(warpedQ(set, set.frequency)));
+        return bandPass(c, alpha());
     case StripBiquadKind::Notch:
-        return notch(c, alpha(warpedQ(set, f)));
+        return notch(c, alpha());
     case StripBiquadKind::AllPass:
-        return allPass(c, alpha(set.q));
-    case StripBiquadKind::LowShelf:
-        return lowShelf(c, a, shelf());
-    case StripBiquadKind::HighShelf:
-        return highShelf(c, a, shelf());
+        return allPass(c, alpha());
+    case StripBiquadKind::LowShelf: {
+        const double a = amplitude();
+        return lowShelf(c, a, slope(a));
+    }
+    case StripBiquadKind::HighShelf: {
+        const double a = amplitude();
+        return highShelf(c, a, slope(a));
+    }
     case StripBiquadKind::OnePoleLowPass:
         return onePoleLowPass(set.frequency, set.sampleRate);
     case StripBiquadKind::Smoother: {
         BiquadCoefficients unity;
-        unity.a0 = std::pow(kSmootherResidue, f / set.sampleRate);
+        unity.a0 = std::pow(kSmootherResidue, clampedFrequency(set) / set.sampleRate);
         return unity;
     }
     case StripBiquadKind::None:

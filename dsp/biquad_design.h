@@ -39,9 +39,19 @@ struct BiquadSettings {
     double sampleRate = 44100.0; ///< Hz
 };
 
+/// What a design takes from frequency and Q: a moving gain leaves it as it is.
+struct BiquadPrewarp {
+    double c = 1.0; ///< cosine of the angular frequency
+    double s = 0.0; ///< its sine
+    double q = 1.0; ///< Q, shrunk near Nyquist in the kinds that do so
+};
+BiquadPrewarp prewarpBiquad(const BiquadSettings& settings);
+
 /// Designs a section by the bilinear transform of the analogue prototypes (R. Bristow-Johnson, "Cookbook
 /// formulae for audio EQ biquad filter coefficients"), with a Q that shrinks as the frequency nears Nyquist.
 /// The frequency is held below 0.499 of the rate, except where BandPass and OnePoleLowPass take it as it is.
 BiquadCoefficients designBiquad(const BiquadSettings& settings);
+/// The same for settings whose prewarp is known.
+BiquadCoefficients designBiquad(const BiquadSettings& settings, const BiquadPrewarp& prewarp);
 
 } // namespace velmora

@@ -18,6 +18,10 @@ public:
     /// Starts a whole glide from wherever the roots stand to those of `target`.
     void aim(const BiquadCoefficients& target);
 
+    /// Replaces the target without a glide; the roots don't follow. For sections that run on the target
+    /// alone.
+    void setTarget(const BiquadCoefficients& target) { target_ = target; }
+
     /// Lands roots and coefficients on the target.
     void snap();
 

@@ -54,6 +54,8 @@ public:
 
     /// One sample on the target coefficients: no glide, nothing of the roots touched.
     double runSampleFixed(double x) { return step(x, glide_.target()); }
+    /// Hands `runSampleFixed` a design made outside: no glide, settings and roots stay.
+    void setTargetCoefficients(const BiquadCoefficients& target) { glide_.setTarget(target); }
 
     StripBiquadKind kind() const { return settings_.kind; }
     double frequency() const { return settings_.frequency; }

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "dsp/run_diagonally.h"
 #include "modules/eq/eq_band.h"
 #include "modules/eq/eq_section.h"
-
-#include <algorithm>
 
 /// The three flavours' filters. Each takes the whole of the band settings and runs the four bands over a
 /// piece of audio, crossfading each band in. All three answer to the same operations: setBand designs a
@@ -23,22 +22,6 @@ struct EqPiece {
 inline constexpr PerBand<EqBand> kEqSeries{EqBand::LowMid, EqBand::HighMid, EqBand::High, EqBand::Low};
 /// Place of each band in that order.
 inline constexpr PerBand<std::size_t> kEqPlace{2, 1, 0, 3};
-
-/// Runs serial stages along diagonals: in one step stage k works on sample n - k. The results are those of
-/// sample by sample, but the stages of a step don't wait for each other, which is what a chain costs.
-/// @param stage called with (k, sample index).
-template <std::size_t stages, typename Stage>
-void runDiagonally(std::int32_t frames, Stage stage)
-{
-    constexpr auto kLast = static_cast<std::int32_t>(stages) - 1;
-    const auto step = [&](std::int32_t n, std::int32_t first, std::int32_t last) {
-        for (std::int32_t k = first; k <= last; ++k) stage(static_cast<std::size_t>(k), n - k);
-    };
-    std::int32_t n = 0;
-    for (; n < kLast; ++n) step(n, std::max(0, n - frames + 1), n);
-    for (; n < frames; ++n) step(n, 0, kLast);
-    for (; n < frames + kLast; ++n) step(n, n - frames + 1, kLast);
-}
 
 /// Four sections in series; their soft limit acts inside the feedback.
 class SorrelFilter {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "dsp/flush.h"
+
+namespace velmora {
+
+/// Says whether the smoothed level stands above the threshold (towards +1) or below (towards -1).
+class ThresholdIndicator {
+public:
+    void reset() { levelSmooth = aboveBelowIndicator = 0.0; }
+
+    /// @param level dB against the threshold; @param k step of one sample, 0..1.
+    void follow(double level, double k)
+    {
+        for (int pole = 0; pole < 2; ++pole)
+            levelSmooth = flush(levelSmooth + (level - levelSmooth) * k, kFlush);
+        const double move = levelSmooth >= 0.0 ? (1.0 - aboveBelowIndicator) * k //
+                                               : -(aboveBelowIndicator + 1.0) * k;
+        aboveBelowIndicator = flush(aboveBelowIndicator + move, kFlush);
+    }
+
+    double value() const { return aboveBelowIndicator; }
+
+private:
+    static constexpr double kFlush = 1e-18;
+
+    double levelSmooth = 0.0; ///< dB
+    double aboveBelowIndicator = 0.0;
+};
+
+} // namespace velmora
