@@ -1,9 +1,12 @@
 #include "engine/module_factory.h"
 
 #include "modules/compressor/strip_effect_compressor.h"
+#include "modules/deesser/strip_effect_deesser.h"
+#include "modules/dehummer/strip_effect_dehummer.h"
 #include "modules/eq/strip_effect_eq.h"
 #include "modules/input/strip_effect_input.h"
 #include "modules/limiter/strip_effect_limiter.h"
+#include "modules/marlow/strip_effect_marlow.h"
 #include "modules/output/strip_effect_output.h"
 #include "modules/through/strip_effect_through.h"
 #include "params/type_codes.h"
@@ -36,9 +39,9 @@ constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Equalizer, kEveryVariant, make<StripEffectEq>},
     {ModuleKind::Limiter, kEveryVariant, make<StripEffectLimiter>},
     {ModuleKind::Output, kEveryVariant, make<StripEffectOutput>},
-    {ModuleKind::Special, 1, nullptr},
-    {ModuleKind::Special, 2, nullptr},
-    {ModuleKind::Special, 3, nullptr},
+    {ModuleKind::Special, 1, make<StripEffectDeesser>},
+    {ModuleKind::Special, 2, make<StripEffectDehummer>},
+    {ModuleKind::Special, 3, make<StripEffectMarlow>},
 };
 
 Make findClass(ModuleKind kind, std::int32_t variant)
