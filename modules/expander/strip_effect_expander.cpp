@@ -165,7 +165,8 @@ GainTiming StripEffectExpander::timingOfCall() const
     return {attackCoefficient, releaseShape, smoothingCoefficient, holdSamples};
 }
 
-template <typename Run> void StripEffectExpander::withRule(Run run) const
+template <typename Run>
+void StripEffectExpander::withRule(Run run) const
 {
     const GainTiming timing = timingOfCall();
     if (type == Expander)

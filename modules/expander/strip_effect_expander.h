@@ -38,7 +38,8 @@ private:
     void updateSmoothing();
     GainTiming timingOfCall() const;
 
-    template <typename Run> void withRule(Run run) const;
+    template <typename Run>
+    void withRule(Run run) const;
     template <typename Rule>
     void runMono(const Rule& rule, const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
     template <typename Rule>

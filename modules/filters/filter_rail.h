@@ -12,7 +12,8 @@ class FilterRail {
 public:
     /// @param hz corner on the panel, 20..2000 Hz; the sections stand below it so that the slopes meet there.
     void setHighPassFrequency(double hz);
-    /// @param hz corner on the panel, 300..30000 Hz. @param sampleRate holds the one-pole section below Nyquist.
+    /// @param hz corner on the panel, 300..30000 Hz. @param sampleRate holds the one-pole section below
+    /// Nyquist.
     void setLowPassFrequency(double hz, double sampleRate);
     /// @param slope 0..2: 12, 18, 24 dB per octave
     void setHighPass(bool in, std::int32_t slope);
@@ -29,13 +30,11 @@ public:
     double runPro(double x) { return runLowPass(parametric.runSample(runHighPass(x))); }
 
 private:
-    double runHighPass(double x)
-    {
-        return highPass3.runSample(highPass2.runSample(highPass1.runSample(x)));
-    }
+    double runHighPass(double x) { return highPass3.runSample(highPass2.runSample(highPass1.runSample(x))); }
     double runLowPass(double x) { return lowPass2.runSample(lowPass1.runSample(x)); }
 
-    template <typename Action> void forEachSection(Action action)
+    template <typename Action>
+    void forEachSection(Action action)
     {
         for (StripFilterSection* section :
              {&highPass1, &highPass2, &highPass3, &parametric, &lowPass1, &lowPass2})

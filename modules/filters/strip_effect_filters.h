@@ -34,7 +34,8 @@ private:
     void processSideChain(const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
     void updateEnables();
 
-    template <typename Action> void forEachRail(Action action)
+    template <typename Action>
+    void forEachRail(Action action)
     {
         for (FilterRail& rail : rails) action(rail);
     }

@@ -9,9 +9,9 @@
 
 namespace velmora {
 
-/// Section of the filters module: the strip's second-order section, which glides to each new design, joined by
-/// two one-pole kinds. Unlike `StripBiquad` it is designed while it is off too, so that switching it on lands
-/// on its settings at once.
+/// Section of the filters module: the strip's second-order section, which glides to each new design, joined
+/// by two one-pole kinds. Unlike `StripBiquad` it is designed while it is off too, so that switching it on
+/// lands on its settings at once.
 class StripFilterSection {
 public:
     /// The high-pass of 6 dB per octave takes the number that the designs leave without an audio effect.
@@ -48,10 +48,7 @@ private:
     static constexpr double kCoefficientFlush = 1e-18;
     static constexpr double kCoefficientStep = 0.001; // share of the way that a glide's sample makes
 
-    bool isOnePole() const
-    {
-        return settings_.kind == kOnePoleHighPass || settings_.kind == kOnePoleLowPass;
-    }
+    bool isOnePole() const { return settings_.kind == kOnePoleHighPass || settings_.kind == kOnePoleLowPass; }
 
     // The order of the terms is part of the sound.
     double runBiquad(double x0)
