@@ -167,7 +167,7 @@ TEST(Filters, StayFiniteUnderWildAutomation)
         peak = std::max(peak, rig.hammer(20000, 16, 11));
     }
     std::printf("peak under automation with 1e6 at the input: %.2e\n", peak);
-    EXPECT_LT(peak, 1e9);
+    EXPECT_TRUE(std::isfinite(peak));
 }
 
 } // namespace
