@@ -4,11 +4,12 @@
 #include "modules/deesser/strip_effect_deesser.h"
 #include "modules/dehummer/strip_effect_dehummer.h"
 #include "modules/eq/strip_effect_eq.h"
+#include "modules/expander/strip_effect_expander.h"
+#include "modules/filters/strip_effect_filters.h"
 #include "modules/input/strip_effect_input.h"
 #include "modules/limiter/strip_effect_limiter.h"
 #include "modules/marlow/strip_effect_marlow.h"
 #include "modules/output/strip_effect_output.h"
-#include "modules/through/strip_effect_through.h"
 #include "params/type_codes.h"
 
 namespace velmora {
@@ -28,13 +29,13 @@ constexpr std::int32_t kEveryVariant = 0;
 struct ModuleClass {
     ModuleKind kind;
     std::int32_t variant;
-    Make make; ///< null: the class isn't built in
+    Make make;
 };
 
 constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Preamp, kEveryVariant, make<StripEffectInput>},
-    {ModuleKind::Filters, kEveryVariant, nullptr},
-    {ModuleKind::Dynamics, kEveryVariant, nullptr},
+    {ModuleKind::Filters, kEveryVariant, make<StripEffectFilters>},
+    {ModuleKind::Dynamics, kEveryVariant, make<StripEffectExpander>},
     {ModuleKind::Compressor, kEveryVariant, make<StripEffectCompressor>},
     {ModuleKind::Equalizer, kEveryVariant, make<StripEffectEq>},
     {ModuleKind::Limiter, kEveryVariant, make<StripEffectLimiter>},
@@ -44,10 +45,10 @@ constexpr ModuleClass kModuleClasses[] = {
     {ModuleKind::Special, 3, make<StripEffectMarlow>},
 };
 
-Make findClass(ModuleKind kind, std::int32_t variant)
+std::unique_ptr<StripEffect> build(ModuleKind kind, std::int32_t variant, const ModuleBases& bases)
 {
     for (const ModuleClass& row : kModuleClasses)
-        if (row.kind == kind && (row.variant == kEveryVariant || row.variant == variant)) return row.make;
+        if (row.kind == kind && (row.variant == kEveryVariant || row.variant == variant)) return row.make(bases);
     return nullptr;
 }
 
@@ -55,16 +56,13 @@ Make findClass(ModuleKind kind, std::int32_t variant)
 
 std::unique_ptr<StripEffect> makeFixedModule(Role role, const ModuleBases& bases)
 {
-    if (isInsert(role)) return nullptr;
-    const Make built = findClass(roleWindow(role).kind, kEveryVariant);
-    return built != nullptr ? built(bases) : make<StripEffectThrough>(bases);
+    return build(roleWindow(role).kind, kEveryVariant, bases);
 }
 
 std::unique_ptr<StripEffect> makeInsertModule(std::int32_t code, const ModuleBases& bases)
 {
     const ModuleType* type = findModuleType(code);
-    const Make built = type != nullptr ? findClass(type->kind, type->variant) : nullptr;
-    return built != nullptr ? built(bases) : nullptr;
+    return type != nullptr ? build(type->kind, type->variant, bases) : nullptr;
 }
 
 ModuleFactory productModules()
