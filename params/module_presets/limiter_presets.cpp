@@ -4,9 +4,9 @@ namespace velmora {
 
 namespace {
 
-// One setting serves the opto, the VCA, the brick wall and the saturator: attack and high pass speak to the
-// first two, Mode to the brick wall, Smooth and Shape to the saturator. Output makes up for less than the
-// ceiling takes, so that what stays at the ceiling leaves below full scale.
+// One setting serves the opto, the VCA, the brick wall and the saturator: Attack speaks to the first two, the
+// high pass to all but the brick wall, Mode to the brick wall, Smooth and Shape to the saturator. Output makes
+// up for less than the ceiling takes, so that what stays at the ceiling leaves below full scale.
 // clang-format off
 constexpr ParameterId kColumns[]{16, 17, 18, 19, 20, 22, 25, 28, 29};
 
