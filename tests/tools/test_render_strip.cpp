@@ -93,7 +93,10 @@ TEST_F(RenderStrip, SavesAPresetThatGivesTheSameSound)
     const Recording set = through(settings, {"--save-preset", file("p.qor")});
     EXPECT_EQ(std::filesystem::file_size(file("p.qor")), 6353u);
     const Recording loaded = through({"--preset", file("p.qor"), "--save-preset", file("again.qor")});
-    EXPECT_EQ(maxDifference(loaded.channels[0], set.channels[0]), 0.0);
+    // A preset holds single precision; the values that nobody has set start in double.
+    EXPECT_LT(maxDifference(loaded.channels[0], set.channels[0]), 1e-7);
+    const Recording again = through({"--preset", file("again.qor")});
+    EXPECT_EQ(maxDifference(again.channels[0], loaded.channels[0]), 0.0);
 
     const ProgramResult compared =
         runProgram("/usr/bin/cmp", {"-n6185", "-i168", file("p.qor"), file("again.qor")});
