@@ -4,6 +4,7 @@
 #include "params/parameter_names.h"
 #include "params/rack_block.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 #include <cmath>
 
@@ -15,7 +16,6 @@ namespace {
 constexpr std::size_t kShortNameLength = 7;
 constexpr double kSilentReduction = 0.0001; // total gain reduction shown as silence
 
-constexpr std::string_view kOffOn[]{"Off", "On"};
 constexpr ParameterRow kProcessRow{
     0, "Process", "Process", "", 1.0, 1, {}, display::words(kOffOn), parse::words(kOffOn)};
 
