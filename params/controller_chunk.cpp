@@ -2,7 +2,6 @@
 
 #include "host/master/base_preset_store.h"
 #include "params/catalogue.h"
-#include "params/process_view_mode.h"
 #include "params/velmora_mono_controller.h"
 
 #include <algorithm>
@@ -21,7 +20,6 @@ constexpr std::size_t kReservedDoublesAt = 32;
 constexpr std::size_t kReservedZerosAt = 96;
 
 constexpr double kViewModeScale = 0.33333;
-constexpr std::int32_t kLastViewMode = static_cast<std::int32_t>(ViewMode::Mini);
 
 // Chunks of formats that can't be read any more, by their size: a block without a header, and two older ones.
 constexpr std::array<std::int32_t, 3> kIgnoredSizes{18985, 621649, 621873};
@@ -98,7 +96,7 @@ void VelmoraMonoController::takeHeader(std::span<const std::uint8_t> header)
 {
     setSelectedMini(getWord(header, kSelectedMiniAt));
     std::int32_t mode = getWord(header, kViewModeAt);
-    if (mode < 0 || mode > kLastViewMode) mode = ProcessViewMode::get();
+    if (mode < 0 || mode > ProcessViewMode::kLastMode) mode = ProcessViewMode::get();
     viewMode.store(mode, std::memory_order_relaxed);
     master->setParameter(kViewModeId, mode * kViewModeScale);
 }
