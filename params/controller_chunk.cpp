@@ -43,6 +43,18 @@ std::int32_t getWord(std::span<const std::uint8_t> bytes, std::size_t at)
     return word;
 }
 
+/// Reactions come back even if there is no memory to load with.
+class LoadingScope {
+public:
+    explicit LoadingScope(bool& flag) : loading(flag) { loading = true; }
+    ~LoadingScope() { loading = false; }
+    LoadingScope(const LoadingScope&) = delete;
+    LoadingScope& operator=(const LoadingScope&) = delete;
+
+private:
+    bool& loading;
+};
+
 } // namespace
 
 std::int32_t VelmoraMonoController::getChunk(void** data)
@@ -77,13 +89,12 @@ void VelmoraMonoController::setChunk(const void* data, std::int32_t size)
     if (std::find(kIgnoredSizes.begin(), kIgnoredSizes.end(), size) != kIgnoredSizes.end()) return;
 
     const std::span bytes(static_cast<const std::uint8_t*>(data), static_cast<std::size_t>(size));
-    loading = true;
+    const LoadingScope scope(loading);
     if (store->readChunkBlock(bytes.subspan(kChunkHeaderSize)) == BlockLoad::Loaded) {
         sendCurrentValues();
         takeHeader(bytes.first(kChunkHeaderSize));
         if (size == kOldLimiterSize) repairOldLimiter();
     }
-    loading = false;
 }
 
 void VelmoraMonoController::sendCurrentValues()
