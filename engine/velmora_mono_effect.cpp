@@ -301,8 +301,7 @@ void VelmoraMonoEffect::activeBlock(Sample** inputs, Sample** outputs, std::int3
         writeSamples(blockBuffers[0].data(), outputs[0], start, count);
     }
 
-    sumGainReduction();
-    if (fade.fadingOut()) grTotal = 0.0;
+    grTotal = fade.fadingOut() ? 0.0 : totalGainReduction();
     fade.finishBlock();
 }
 
@@ -337,13 +336,13 @@ double VelmoraMonoEffect::gainReductionOf(Role role) const
     return reduction;
 }
 
-void VelmoraMonoEffect::sumGainReduction()
+double VelmoraMonoEffect::totalGainReduction() const
 {
     const double grCompressor = gainReductionOf(Role::Compressor);
     const double grLimiter = gainReductionOf(Role::Limiter);
     const double grInsertX = insertX.hasGr ? gainReductionOf(Role::InsertX) : 0.0;
     const double grInsertY = insertY.hasGr ? gainReductionOf(Role::InsertY) : 0.0;
-    grTotal = 1.0 - (1.0 - grCompressor) * (1.0 - grLimiter) * (1.0 - grInsertX) * (1.0 - grInsertY);
+    return 1.0 - (1.0 - grCompressor) * (1.0 - grLimiter) * (1.0 - grInsertX) * (1.0 - grInsertY);
 }
 
 } // namespace velmora

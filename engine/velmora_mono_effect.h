@@ -77,7 +77,7 @@ private:
     void activeBlock(Sample** inputs, Sample** outputs, std::int32_t frames);
     void runSubBlock(std::int32_t frames);
     void walkChain(std::int32_t frames);
-    void sumGainReduction();
+    double totalGainReduction() const;
     double gainReductionOf(Role role) const;
 
     double sampleRate = kMinSampleRate;

@@ -4,6 +4,7 @@
 #include "params/parameter_names.h"
 #include "params/rack_block.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 #include <cmath>
 
@@ -15,7 +16,6 @@ namespace {
 constexpr std::size_t kShortNameLength = 7;
 constexpr double kSilentReduction = 0.0001; // total gain reduction shown as silence
 
-constexpr std::string_view kOffOn[]{"Off", "On"};
 constexpr ParameterRow kProcessRow{
     0, "Process", "Process", "", 1.0, 1, {}, display::words(kOffOn), parse::words(kOffOn)};
 
@@ -73,7 +73,7 @@ std::string parameterDisplay(ParameterId id, double value)
 
 std::optional<double> textToValue(ParameterId id, std::string_view text)
 {
-    if (id == kProcessId) return parseRow(kProcessRow, text);
+    if (id == kProcessId) return parseRowStrictly(kProcessRow, text);
     const RoleWindow* window = windowOf(id);
     if (!window) return std::nullopt;
     const ParameterId offset = id - window->windowBase;
@@ -81,7 +81,7 @@ std::optional<double> textToValue(ParameterId id, std::string_view text)
     if (offset < kOwnOffset) return std::nullopt;
     if (isInsert(window->role)) return insertOwnParse(text);
     const ParameterRow* row = findRow(rowsOfKind(window->kind), offset);
-    return row ? parseRow(*row, text) : std::nullopt;
+    return row ? parseRowStrictly(*row, text) : std::nullopt;
 }
 
 std::optional<ParameterId> findParameter(std::string_view longName)
@@ -95,6 +95,12 @@ std::string moduleValueText(std::int32_t code, ParameterId offset, double value)
 {
     const ParameterRow* row = findRow(rowsOfCode(code), offset);
     return row ? show(row->display, value) : std::string();
+}
+
+std::optional<double> moduleTextToValue(std::int32_t code, ParameterId offset, std::string_view text)
+{
+    const ParameterRow* row = findRow(rowsOfCode(code), offset);
+    return row ? parseRowStrictly(*row, text) : std::nullopt;
 }
 
 std::optional<double> moduleParseText(std::int32_t code, ParameterId offset, std::string_view text)

@@ -38,7 +38,9 @@ inline bool isAutomatable(ParameterId id) noexcept
     return (parameterFlags(id) & kAutomatableFlag) != 0;
 }
 
-/// Typed text back to a normalised value, by the row's parser. @return nothing if the text is refused.
+/// Typed text back to a normalised value, by the row's parser. @return nothing if the text is refused: a
+/// number outside the range, or a text that is neither a number nor one of the parameter's words. Equaliser
+/// frequencies and the limiter's Mode and Shape answer every text, with 0.0 what they can't make out.
 std::optional<double> textToValue(ParameterId id, std::string_view text);
 
 /// @return the id of a long name ("Mstr:Gain"), compared exactly; nothing if no id has it.
@@ -48,9 +50,13 @@ std::optional<ParameterId> findParameter(std::string_view longName);
 /// offset without a row of its own: default 0.0, no text, no steps. Steps and fine factor are 0 where the
 /// control keeps the start values of its class.
 double moduleDefault(std::int32_t code, ParameterId offset) noexcept;
-int moduleSteps(std::int32_t code, ParameterId offset) noexcept;   ///< wheel steps of the editor's control
-double moduleFine(std::int32_t code, ParameterId offset) noexcept; ///< fine factor of the editor's control
+int moduleHostSteps(std::int32_t code, ParameterId offset) noexcept; ///< as `parameterSteps`
+int moduleSteps(std::int32_t code, ParameterId offset) noexcept;     ///< wheel steps of the editor's control
+double moduleFine(std::int32_t code, ParameterId offset) noexcept;   ///< fine factor of the editor's control
 std::string moduleValueText(std::int32_t code, ParameterId offset, double value);
+/// As `textToValue`.
+std::optional<double> moduleTextToValue(std::int32_t code, ParameterId offset, std::string_view text);
+/// As a panel's value box reads: a text that begins with no number is 0 where the row lets it be.
 std::optional<double> moduleParseText(std::int32_t code, ParameterId offset, std::string_view text);
 
 } // namespace velmora

@@ -80,6 +80,12 @@ double moduleDefault(std::int32_t code, ParameterId offset) noexcept
     return row ? row->defaultValue : 0.0;
 }
 
+int moduleHostSteps(std::int32_t code, ParameterId offset) noexcept
+{
+    const ParameterRow* row = findRow(rowsOfCode(code), offset);
+    return row ? row->hostSteps : 0;
+}
+
 int moduleSteps(std::int32_t code, ParameterId offset) noexcept
 {
     const ParameterRow* row = findRow(rowsOfCode(code), offset);

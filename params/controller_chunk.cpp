@@ -2,7 +2,6 @@
 
 #include "host/master/base_preset_store.h"
 #include "params/catalogue.h"
-#include "params/process_view_mode.h"
 #include "params/velmora_mono_controller.h"
 
 #include <algorithm>
@@ -21,7 +20,6 @@ constexpr std::size_t kReservedDoublesAt = 32;
 constexpr std::size_t kReservedZerosAt = 96;
 
 constexpr double kViewModeScale = 0.33333;
-constexpr std::int32_t kLastViewMode = static_cast<std::int32_t>(ViewMode::Mini);
 
 // Chunks of formats that can't be read any more, by their size: a block without a header, and two older ones.
 constexpr std::array<std::int32_t, 3> kIgnoredSizes{18985, 621649, 621873};
@@ -42,6 +40,18 @@ std::int32_t getWord(std::span<const std::uint8_t> bytes, std::size_t at)
     std::memcpy(&word, &bytes[at], sizeof word);
     return word;
 }
+
+/// Reactions come back even if there is no memory to load with.
+class LoadingScope {
+public:
+    explicit LoadingScope(bool& flag) : loading(flag) { loading = true; }
+    ~LoadingScope() { loading = false; }
+    LoadingScope(const LoadingScope&) = delete;
+    LoadingScope& operator=(const LoadingScope&) = delete;
+
+private:
+    bool& loading;
+};
 
 } // namespace
 
@@ -77,13 +87,12 @@ void VelmoraMonoController::setChunk(const void* data, std::int32_t size)
     if (std::find(kIgnoredSizes.begin(), kIgnoredSizes.end(), size) != kIgnoredSizes.end()) return;
 
     const std::span bytes(static_cast<const std::uint8_t*>(data), static_cast<std::size_t>(size));
-    loading = true;
+    const LoadingScope scope(loading);
     if (store->readChunkBlock(bytes.subspan(kChunkHeaderSize)) == BlockLoad::Loaded) {
         sendCurrentValues();
         takeHeader(bytes.first(kChunkHeaderSize));
         if (size == kOldLimiterSize) repairOldLimiter();
     }
-    loading = false;
 }
 
 void VelmoraMonoController::sendCurrentValues()
@@ -98,7 +107,7 @@ void VelmoraMonoController::takeHeader(std::span<const std::uint8_t> header)
 {
     setSelectedMini(getWord(header, kSelectedMiniAt));
     std::int32_t mode = getWord(header, kViewModeAt);
-    if (mode < 0 || mode > kLastViewMode) mode = ProcessViewMode::get();
+    if (mode < 0 || mode > ProcessViewMode::kLastMode) mode = ProcessViewMode::get();
     viewMode.store(mode, std::memory_order_relaxed);
     master->setParameter(kViewModeId, mode * kViewModeScale);
 }

@@ -33,7 +33,12 @@ struct ParameterRow {
 
 /// A row's text back to its normalised value, 0..1. A text that one of the row's own steps shows comes back
 /// as a value that shows it, also where rounding or the reader's limits would lead elsewhere.
+/// Where the row has no words for it, a text that begins with no number reads as 0.
 std::optional<double> parseRow(const ParameterRow& row, std::string_view text);
+
+/// The same, but a text that begins with no number and is none of the row's words is refused. A row that is
+/// searched still answers every text.
+std::optional<double> parseRowStrictly(const ParameterRow& row, std::string_view text);
 
 /// Number of steps in which a row is searched.
 constexpr int searchSteps(const ParameterRow& row)

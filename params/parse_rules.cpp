@@ -21,6 +21,13 @@ bool isPlainZero(const ParseRule& rule, std::string_view text)
     return text == "0" || text == "0." || (!rule.zeroText.empty() && text == rule.zeroText);
 }
 
+/// Whether a text that reads as 0 does so by a zero that stands in it.
+bool beginsWithZero(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of("+-.kK"), text.size()));
+    return text.starts_with('0');
+}
+
 /// A value of which the row shows exactly the text, if one of its steps does.
 std::optional<double> stepThatShows(const ParameterRow& row, std::string_view text)
 {
@@ -51,7 +58,9 @@ std::optional<int> findWord(Words words, std::string_view text)
 std::optional<double> readNumberOf(const ParseRule& rule, std::string_view text)
 {
     const auto x = rule.kilo ? readFrequency(text) : readNumber(text);
-    if (x && *x == 0.0 && rule.plainZero && !isPlainZero(rule, text)) return std::nullopt;
+    if (!x || *x != 0.0) return x;
+    if (rule.plainZero && !isPlainZero(rule, text)) return std::nullopt;
+    if (rule.needsNumber && !beginsWithZero(text)) return std::nullopt;
     return x;
 }
 
@@ -130,6 +139,13 @@ std::optional<double> parseRow(const ParameterRow& row, std::string_view text)
     const double held = std::clamp(*value, 0.0, 1.0);
     if (trimmed(show(row.display, held)) == text) return held;
     return stepThatShows(row, text).value_or(held);
+}
+
+std::optional<double> parseRowStrictly(const ParameterRow& row, std::string_view text)
+{
+    ParameterRow strict = row;
+    strict.parse.needsNumber = true;
+    return parseRow(strict, text);
 }
 
 } // namespace velmora

@@ -24,6 +24,7 @@ struct ParseRule {
     std::string_view zeroText{};   ///< one more text for 0, also with plainZero
     std::string_view bottomWord{}; ///< a word for the normalised 0.0
     bool zeroIsBottom = false;     ///< the number 0, below the range, gives 0.0
+    bool needsNumber = false;      ///< a text that begins with no number isn't 0
     Words words{};
 };
 

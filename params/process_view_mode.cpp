@@ -12,7 +12,6 @@ namespace velmora {
 namespace {
 
 constexpr double kModes = 3.0;
-constexpr std::int32_t kLastMode = 2;
 
 std::mutex countMutex; // creation and destruction only
 int controllers = 0;

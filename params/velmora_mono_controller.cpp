@@ -1,7 +1,6 @@
 #include "params/velmora_mono_controller.h"
 
 #include "params/catalogue.h"
-#include "params/process_view_mode.h"
 
 #include <algorithm>
 
@@ -80,7 +79,7 @@ void VelmoraMonoController::positionChanged(const RoleWindow& window, double val
         positionTable[static_cast<unsigned>(target)] = window.windowBase;
         return;
     }
-    if (reorderBusy || master == nullptr) return;
+    if (reorderBusy) return;
     reorderBusy = true;
     const auto place = std::find(positionTable.begin(), positionTable.end(), window.windowBase);
     if (place != positionTable.end()) moveModule(static_cast<int>(place - positionTable.begin()), target);

@@ -3,6 +3,7 @@
 #include "host/master/base_parameters_controller.h"
 #include "host/master/master_controller.h"
 #include "params/parameter_ids.h"
+#include "params/process_view_mode.h"
 
 #include <array>
 #include <atomic>
@@ -10,9 +11,6 @@
 #include <span>
 
 namespace velmora {
-
-/// View of the editor; the chunk, id 792 and the user's settings hold it.
-enum class ViewMode : std::int32_t { Full = 0, Resizeable = 1, Mini = 2 };
 
 /// Keeps the rack consistent: a Position change pushes the modules between, one Monitor is on at a time, a
 /// new kind of insert starts from its defaults. Also the host's view of the whole state as a chunk.

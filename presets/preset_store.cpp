@@ -117,6 +117,7 @@ void PresetStore::sendSettings()
 
 void PresetStore::applyPreset(const Preset& preset)
 {
+    const BulkScope bulk(master_); // a change from elsewhere is noted behind it, and not passed over
     applying_.store(true, std::memory_order_relaxed);
     master_.setParameter(kBeginBulkCommand, 1.0);
     for (ParameterId id = 0; id < kHostParameterCount; ++id)

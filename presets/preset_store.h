@@ -35,7 +35,7 @@ public:
     float currentValue(std::int32_t id) const override { return current().value(id); }
 
     /// Sends all stored values of a preset, between the two commands that frame a bulk change. Sets neither
-    /// `current` nor `reference`: whoever calls has.
+    /// `current` nor `reference`: whoever calls has, in the same `BulkScope`.
     void applyPreset(const Preset& preset);
     /// Every change of a parameter, on its way to all others, comes here. Never waits or allocates.
     void onParameterChanged(std::int32_t id, double value);

@@ -20,6 +20,26 @@ public:
     virtual void readStoredSetting(std::int32_t id, double* out) = 0;
     virtual QORBasePresetStore* getPresetStore() = 0;
     virtual QORBaseParametersController* getController() = 0;
+
+    /// From here to `endBulk` on the same thread, reactions to other threads' changes wait; they run then.
+    /// Nests. Not for the audio thread.
+    virtual void beginBulk() {}
+    virtual void endBulk() {}
+};
+
+/// A bulk change for as long as this lives.
+class BulkScope {
+public:
+    explicit BulkScope(QORMasterController& masterController) : master(masterController)
+    {
+        master.beginBulk();
+    }
+    ~BulkScope() { master.endBulk(); }
+    BulkScope(const BulkScope&) = delete;
+    BulkScope& operator=(const BulkScope&) = delete;
+
+private:
+    QORMasterController& master;
 };
 
 } // namespace velmora

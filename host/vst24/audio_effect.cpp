@@ -134,7 +134,10 @@ void AudioEffect::processEntry(AEffect*, float**, float**, std::int32_t) {}
 
 void AudioEffect::setParameterEntry(AEffect* record, std::int32_t index, float value)
 {
-    self(record).setParameter(index, value);
+    try {
+        self(record).setParameter(index, value);
+    } catch (...) { // the editor, when it hears of the change; the value is set
+    }
 }
 
 float AudioEffect::getParameterEntry(AEffect* record, std::int32_t index)

@@ -56,7 +56,7 @@ public:
         Snapshot taken;
         any_.store(false);
         for (std::size_t w = kWords; w-- > 0;)
-            if (words_[w].load(std::memory_order_acquire) != 0) taken.words[w] = words_[w].exchange(0);
+            if (words_[w].load() != 0) taken.words[w] = words_[w].exchange(0);
         return taken;
     }
 

@@ -27,7 +27,8 @@ public:
         while (!tryEnter()) std::this_thread::yield();
     }
 
-    bool innermost() const { return depth_ == 1; }
+    /// The holder's next `leave` gives the claim away.
+    bool outermost() const { return depth_ == 1; }
 
     void leave()
     {

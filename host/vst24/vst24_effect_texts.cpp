@@ -46,6 +46,7 @@ void QORVST24EffectWrapper::setProgramName(const char* name)
 
 void QORVST24EffectWrapper::getProgramName(char* text)
 {
+    const auto claimed = claimReactions();
     copyText(masterController->store()->currentName(), text, kMaxProgramNameLen);
 }
 

@@ -53,14 +53,7 @@ QORVST24EffectWrapper::QORVST24EffectWrapper(HostCallback host)
     engine->reset();
 }
 
-QORVST24EffectWrapper::~QORVST24EffectWrapper()
-{
-    engine.reset();
-    masterController->setController(nullptr);
-    controller.reset();
-    masterController.reset();
-    masterAudio.reset();
-}
+QORVST24EffectWrapper::~QORVST24EffectWrapper() = default;
 
 void QORVST24EffectWrapper::suspend()
 {
@@ -83,14 +76,20 @@ void QORVST24EffectWrapper::setSampleRate(float hz)
 
 void QORVST24EffectWrapper::processReplacing(float** in, float** out, std::int32_t frames)
 {
-    mailbox.flush(*engine);
+    beginBlock();
     engine->processFloat(in, out, frames);
 }
 
 void QORVST24EffectWrapper::processDoubleReplacing(double** in, double** out, std::int32_t frames)
 {
-    mailbox.flush(*engine);
+    beginBlock();
     engine->processDouble(in, out, frames);
+}
+
+void QORVST24EffectWrapper::beginBlock()
+{
+    audioThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
+    mailbox.flush(*engine);
 }
 
 void QORVST24EffectWrapper::setParameter(std::int32_t id, float value)
@@ -139,8 +138,20 @@ void QORVST24EffectWrapper::reactTo(std::int32_t id, double value, bool accepted
         if (claim.tryEnter()) leaveClaim(); // the holder may have left before the mark
         return;
     }
-    processReaction(id, value, accepted);
+    settle(id, value, accepted);
     leaveClaim();
+}
+
+// Before the claim was ours another thread's reaction may have moved the exact value, or another thread set
+// the same id at the same moment. What the host set last is set again: engine, controller and state follow
+// it.
+void QORVST24EffectWrapper::settle(std::int32_t id, double value, bool accepted)
+{
+    if (id < kIdCount) {
+        accepted = mailbox.post(id, mailbox.value(id)) || accepted;
+        value = mailbox.exactValue(id);
+    }
+    processReaction(id, value, accepted);
 }
 
 void QORVST24EffectWrapper::processReaction(std::int32_t id, double value, bool accepted)
@@ -156,29 +167,31 @@ void QORVST24EffectWrapper::processReaction(std::int32_t id, double value, bool 
         mailbox.repostInsert(*window);
 }
 
-QORVST24EffectWrapper::ClaimScope QORVST24EffectWrapper::claimReactions()
-{
-    claim.enter();
-    return ClaimScope(*this);
-}
-
 // A change left by another thread between the last look and the release is seen by one of the two: that
 // thread tries the claim again behind its mark, this one looks again behind the release.
 void QORVST24EffectWrapper::leaveClaim()
 {
-    if (!claim.innermost()) return claim.leave();
+    if (!claim.outermost()) return claim.leave();
     do {
         if (deferredReactions.any())
-            deferredReactions.take().forEach([this](ParameterId id) {
-                processReaction(id, id < kIdCount ? mailbox.exactValue(id) : 1.0, true);
-            });
+            deferredReactions.take().forEach([this](ParameterId id) { settle(id, 1.0, true); });
         claim.leave();
     } while (deferredReactions.any() && claim.tryEnter());
 }
 
 void QORVST24EffectWrapper::tellEditor(std::int32_t id, double value)
 {
-    if (onUserInterfaceThread() && editor != nullptr) editor->setParameter(id, value);
+    if (!onUserInterfaceThread()) {
+        if (id >= kIdCount) commandPending.store(true); // parameters wait in the mailbox
+    } else if (editor != nullptr) {
+        editor->setParameter(id, value);
+    }
+}
+
+void QORVST24EffectWrapper::attachEditor(QORBaseEditor* openEditor)
+{
+    uiThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
+    editor = openEditor;
 }
 
 void QORVST24EffectWrapper::idleEditor()

@@ -62,7 +62,10 @@ public:
     /// Held while controller and store are touched; works off what other threads left, on the way out.
     class ClaimScope {
     public:
-        explicit ClaimScope(QORVST24EffectWrapper& effectWrapper) : wrapper(effectWrapper) {}
+        explicit ClaimScope(QORVST24EffectWrapper& effectWrapper) : wrapper(effectWrapper)
+        {
+            wrapper.enterClaim();
+        }
         ~ClaimScope() { wrapper.leaveClaim(); }
         ClaimScope(const ClaimScope&) = delete;
         ClaimScope& operator=(const ClaimScope&) = delete;
@@ -72,7 +75,9 @@ public:
     };
 
     /// Waits for the claim. Not for the audio thread, unless it holds it already.
-    [[nodiscard]] ClaimScope claimReactions();
+    [[nodiscard]] ClaimScope claimReactions() { return ClaimScope(*this); }
+    void enterClaim() { claim.enter(); }
+    void leaveClaim();
 
     /// A change that the controller makes in reaction to another: neither host nor controller hears of it.
     void setExactParameter(std::int32_t id, double value);
@@ -80,25 +85,30 @@ public:
     QORVST24MasterController& getMasterController() { return *masterController; }
 
     /// The open editor, or null. User interface thread.
-    void attachEditor(QORBaseEditor* openEditor) { editor = openEditor; }
+    void attachEditor(QORBaseEditor* openEditor);
     /// Passes the editor what has changed, and the meters.
     void idleEditor();
 
 private:
-    void postFromOutside(std::int32_t id, float value);
+    void beginBlock();
     void reactTo(std::int32_t id, double value, bool accepted);
+    void settle(std::int32_t id, double value, bool accepted);
     void processReaction(std::int32_t id, double value, bool accepted);
-    void leaveClaim();
     void tellEditor(std::int32_t id, double value);
+    /// A host may create the effect on a thread that runs audio later: who processes is never taken for the
+    /// user interface.
     bool onUserInterfaceThread() const
     {
-        return uiThread.load(std::memory_order_relaxed) == std::this_thread::get_id();
+        const std::thread::id self = std::this_thread::get_id();
+        return uiThread.load(std::memory_order_relaxed) == self &&
+               audioThread.load(std::memory_order_relaxed) != self;
     }
 
-    std::unique_ptr<VelmoraMonoEffect> engine;
+    // Each speaks to those above it until its end: the order counts, also when construction fails half-way.
     std::unique_ptr<QORVST24MasterAudioEffect> masterAudio;
-    std::unique_ptr<VelmoraMonoController> controller;
     std::unique_ptr<QORVST24MasterController> masterController;
+    std::unique_ptr<VelmoraMonoController> controller;
+    std::unique_ptr<VelmoraMonoEffect> engine;
     QORBaseEditor* editor = nullptr;
 
     ParameterMailbox mailbox;
@@ -106,6 +116,7 @@ private:
     ReactionClaim claim;
     PendingIds deferredReactions;
     std::atomic<std::thread::id> uiThread;
+    std::atomic<std::thread::id> audioThread; // of the last block
 };
 
 } // namespace velmora::vst24

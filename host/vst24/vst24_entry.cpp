@@ -7,6 +7,19 @@
 using velmora::vst24::AEffect;
 using velmora::vst24::HostCallback;
 
+#ifdef VELMORA_OWN_RUNTIME
+namespace __gnu_cxx {
+void __freeres(); // of the C++ runtime, which declares it nowhere
+}
+
+// The runtime inside this object keeps memory aside for exceptions; without this every unloading would leave
+// it behind.
+__attribute__((destructor)) static void releaseRuntime()
+{
+    __gnu_cxx::__freeres();
+}
+#endif
+
 extern "C" {
 
 VELMORA_EXPORT AEffect* VSTPluginMain(HostCallback host)

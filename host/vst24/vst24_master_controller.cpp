@@ -51,6 +51,16 @@ void QORVST24MasterController::setParameter(std::int32_t id, double value)
     }
 }
 
+void QORVST24MasterController::beginBulk()
+{
+    wrapper.enterClaim();
+}
+
+void QORVST24MasterController::endBulk()
+{
+    wrapper.leaveClaim();
+}
+
 void QORVST24MasterController::editParameter(std::int32_t id, double value)
 {
     const auto claimed = wrapper.claimReactions();

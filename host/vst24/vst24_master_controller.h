@@ -23,6 +23,8 @@ public:
     void readStoredSetting(std::int32_t id, double* out) override;
     QORBasePresetStore* getPresetStore() override;
     QORBaseParametersController* getController() override { return controller; }
+    void beginBulk() override;
+    void endBulk() override;
 
     /// A change by a control of the editor: the host hears it first, then the controller reacts.
     void editParameter(std::int32_t id, double value);

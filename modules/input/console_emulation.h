@@ -31,8 +31,9 @@ public:
     void setSampleRate(double hz);
     /// Returns to silence and lands the smoothers; tube envelopes and mute levels stay.
     void reset();
-    /// Takes over a decade at once, filters cleared. @param emulation kPre60s..kAdc90s; the converter keeps
-    /// the noise and bandwidth values of the decade before it.
+    /// Takes over a decade at once, its sections cleared; the 2 Hz high-pass and all envelopes run on.
+    /// @param emulation kPre60s..kAdc90s; the converter keeps the noise and bandwidth values of the decade
+    /// before it, and clears nothing.
     void select(std::int32_t emulation);
 
     void setDrive(double v);      ///< normalised

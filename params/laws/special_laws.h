@@ -8,9 +8,16 @@ namespace velmora {
 
 /// Taper that puts -6 dB of a 24 dB span, or -12 of 48, in the middle.
 inline constexpr double kHalfwayTaper = 0.415037499278844;
+inline constexpr double kHalfwayInverse = 2.409420839653208; // its reciprocal, for typed values
+
+inline double percent(double v)
+{
+    return 100.0 * v;
+}
 
 namespace deesser {
 inline constexpr double kTaper = 0.736965594166206;
+inline constexpr double kTaperInverse = 1.3569154488567243;
 inline double frequencyHz(double v)
 {
     return 500.0 * std::pow(32.0, std::pow(v, kTaper));

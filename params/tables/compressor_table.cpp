@@ -36,6 +36,7 @@ constexpr ParseRule highPass()
 {
     ParseRule rule = parse::frequency(10.0, 1000.0);
     rule.zeroIsBottom = true;
+    rule.bottomWord = "Off";
     return rule;
 }
 

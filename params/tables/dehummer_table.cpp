@@ -1,22 +1,17 @@
 #include "params/laws/special_laws.h"
 #include "params/number_text.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 namespace velmora {
 
 namespace {
 
-double brightnessPercent(double v)
-{
-    return 100.0 * v;
-}
-
 /// Odd against even harmonics, in percent.
 std::string showEvenOdd(const DisplayRule&, double v)
 {
     const int share = wholePart(200.0 * v + 0.5);
-    if (share <= 100) return std::string("100/").append(std::to_string(share));
-    return std::to_string(200 - share) + "/100";
+    return share <= 100 ? "100/" + std::to_string(share) : std::to_string(200 - share) + "/100";
 }
 
 /// "a/b" with one of the two at 100, or one number of -100..100.
@@ -39,12 +34,11 @@ std::string showOffset(const DisplayRule&, double v)
 {
     const double hertz = dehummer::offsetHz(v);
     if (hertz == 0.0) return "0";
-    return std::string(hertz > 0.0 ? "+" : "").append(fixedText(hertz, 4, 2));
+    std::string text = fixedText(hertz, 4, 2);
+    if (hertz > 0.0) text.insert(0, 1, '+');
+    return text;
 }
 
-constexpr double kHalfwayInverse = 2.409420839653208;
-
-constexpr std::string_view kOffOn[]{"Off", "On"};
 constexpr std::string_view kMains[]{"50Hz", "60Hz"};
 
 using namespace display;
@@ -53,7 +47,7 @@ using namespace display;
 constexpr ParameterRow kRows[]{
     {5,  "Monitor",     "Monitor",     "", 0.0, 1,    {},         words(kOffOn),                      parse::words(kOffOn)},
     {16, "EvenOdd",     "EvenOdd",     "", 0.5, 250,  {50, 0.2},  custom(showEvenOdd),                parse::custom(readEvenOdd)},
-    {17, "Brightness",  "Brightness",  "", 0.5, 100,  {25, 0.25}, number(brightnessPercent, 0, "%"),  parse::plainZero(parse::linear(0.0, 100.0))},
+    {17, "Brightness",  "Brightness",  "", 0.5, 100,  {25, 0.25}, number(percent, 0, "%"),  parse::plainZero(parse::linear(0.0, 100.0))},
     {18, "Attenuation", "Attenuation", "", 0.5, 480,  {48, 0.1},  number(dehummer::attenuationDb, 1), parse::plainZero(parse::tapered(parse::linear(-48.0, 0.0), kHalfwayInverse))},
     {19, "Frequency",   "Frequency",   "", 1.0, 1,    {},         words(kMains),                      parse::words(kMains)},
     {20, "Offset",      "Offset",      "", 0.5, 2000, {80, 0.04}, custom(showOffset),                 parse::plainZero(parse::linear(-10.0, 10.0))},

@@ -1,6 +1,7 @@
 #include "params/laws/dynamics_laws.h"
 #include "params/number_text.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 #include <cmath>
 
@@ -51,8 +52,6 @@ std::optional<double> readRange(const ParameterRow& row, std::string_view text)
     if (!x) return std::nullopt;
     return *x <= -60.0 ? 0.0 : std::sqrt(std::pow(10.0, *x / 20.0));
 }
-
-constexpr std::string_view kOutIn[]{"Out", "In"};
 
 using namespace display;
 

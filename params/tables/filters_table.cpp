@@ -1,11 +1,11 @@
 #include "params/laws/filters_laws.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 namespace velmora {
 
 namespace {
 
-constexpr std::string_view kOutIn[]{"Out", "In"};
 constexpr std::string_view kLowPassSlopes[]{"6", "12", "18"};
 constexpr std::string_view kHighPassSlopes[]{"12", "18", "24"};
 constexpr std::string_view kBellTypes[]{"LoShelf", "Bell", "Peak", "Notch", "HiShelf"};

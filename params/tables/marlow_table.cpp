@@ -1,5 +1,6 @@
 #include "params/laws/special_laws.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 namespace velmora {
 
@@ -11,7 +12,6 @@ double transitionDb(double v)
     return 24.0 * v;
 }
 
-constexpr std::string_view kOffOn[]{"Off", "On"};
 constexpr std::string_view kFilterTypes[]{"LowShelf", "Peak", "HiShelf"};
 constexpr std::string_view kControlFilters[]{"Off", "Direct", "Complement"};
 

@@ -53,10 +53,10 @@ using namespace display;
 
 // clang-format off
 constexpr ParameterRow kRows[]{
-    {16, "Width",            "Width", " ",    0.5,    200, {},        number(output::widthPercent, 0, "\n%"), parse::plainZero(parse::linear(0.0, 200.0))},
-    {17, "Balance",          "Blnce", " ",    0.5,    100, {},        custom(showBalance),                    parse::custom(readBalance)},
-    {18, "Gain",             "Gain",  " dB ", 0.7511, 800, {80, 0.1}, custom(showGain),                       parse::plainZero(parse::custom(readGain))},
-    {19, "MeasurementPoint", "MeasP", " ",    0.625,  3,   {},        words(kMeasurementPoints),              parse::words(kMeasurementPoints)},
+    {16, "Width",            "Width", " ",    0.5,    200, {50, 0.25}, number(output::widthPercent, 0, "\n%"), parse::plainZero(parse::linear(0.0, 200.0))},
+    {17, "Balance",          "Blnce", " ",    0.5,    100, {50, 0.5},  custom(showBalance),                    parse::custom(readBalance)},
+    {18, "Gain",             "Gain",  " dB ", 0.7511, 800, {80, 0.1},  custom(showGain),                       parse::plainZero(parse::custom(readGain))},
+    {19, "MeasurementPoint", "MeasP", " ",    0.625,  3,   {3, 1.0},   words(kMeasurementPoints),              parse::words(kMeasurementPoints)},
 };
 // clang-format on
 

@@ -1,5 +1,6 @@
 #include "params/laws/preamp_laws.h"
 #include "params/tables/module_tables.h"
+#include "params/tables/switch_words.h"
 
 #include <cmath>
 
@@ -23,7 +24,6 @@ std::string showLevelMode(const DisplayRule&, double v)
 }
 
 constexpr std::string_view kLevelModes[]{"Down", "Up&Down"};
-constexpr std::string_view kOutIn[]{"Out", "In"};
 constexpr std::string_view kNoiseModes[]{"Off", "Auto Mute", "On"};
 
 using namespace display;

@@ -1,11 +1,11 @@
 // The wrapper's parameter road: reactions, what the host hears, chunks, the editor's idle pass.
 
-#include "host/master/base_editor.h"
 #include "host/vst24/vst24_effect_wrapper.h"
 #include "host/vst24/vst24_master_controller.h"
 #include "params/catalogue.h"
 #include "params/velmora_mono_controller.h"
 #include "tests/host/chunk_view.h"
+#include "tests/host/recording_editor.h"
 #include "tests/host/recording_host.h"
 
 #include <gtest/gtest.h>
@@ -16,23 +16,11 @@
 #include <cstring>
 #include <iostream>
 #include <limits>
-#include <map>
 #include <random>
 #include <vector>
 
 namespace velmora::vst24::test {
 namespace {
-
-class RecordingEditor : public QORBaseEditor {
-public:
-    void open() override {}
-    void close() override {}
-    void setParameter(std::int32_t id, double value) override { heard[id].push_back(value); }
-    void controlChanged(std::int32_t, double) override {}
-    void idle() override {}
-
-    std::map<std::int32_t, std::vector<double>> heard;
-};
 
 class EffectWrapperTest : public ::testing::Test {
 protected:
@@ -240,6 +228,19 @@ TEST_F(EffectWrapperTest, TheEditorSeesChangesMetersAndCommandsAtIdle)
     EXPECT_EQ(editor.heard[859].back(), 1.0);
     EXPECT_EQ(editor.heard.count(17), 0u) << "seen already";
     effect.attachEditor(nullptr);
+}
+
+TEST_F(EffectWrapperTest, NothingThatTheEditorThrowsReachesTheHost)
+{
+    struct ThrowingEditor : RecordingEditor {
+        void setParameter(std::int32_t, double) override { throw std::bad_alloc(); }
+    } editor;
+    effect.attachEditor(&editor);
+    AEffect* record = effect.getAeffect();
+    EXPECT_NO_THROW(record->setParameter(record, 32, 0.25f));
+    EXPECT_NO_THROW(record->dispatcher(record, effSetProgramName, 0, 0, const_cast<char*>("Name"), 0.0f));
+    effect.attachEditor(nullptr);
+    EXPECT_EQ(stored(32), 0.25f);
 }
 
 TEST_F(EffectWrapperTest, MetersAnswerFromTheEngine)

@@ -3,7 +3,11 @@
 // end.
 
 #include "host/vst24/vst24_effect_wrapper.h"
+#include "host/vst24/vst24_master_controller.h"
+#include "params/catalogue.h"
+#include "presets/preset_store.h"
 #include "tests/host/chunk_view.h"
+#include "tests/host/recording_editor.h"
 #include "tests/host/recording_host.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +61,8 @@ public:
                 const float reading = effect.getParameter(id);
                 inRange = inRange && reading >= 0.0f && reading <= 1.0f;
             }
+            char name[kMaxProgramNameLen];
+            effect.getProgramName(name);
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
@@ -73,6 +79,7 @@ public:
             char text[kMaxParamTextLen];
             for (std::int32_t id = 0; id < 360; ++id) effect.getParameterDisplay(id, text);
             for (int i = 0; i < 20; ++i) automate(random);
+            effect.setProgramName(rounds % 2 == 0 ? "One" : "Another");
             effect.setChunk(saved.data(), static_cast<std::intptr_t>(saved.size()), false);
             effect.idleEditor();
             ++rounds;
@@ -97,6 +104,46 @@ public:
     int rounds = 0;
 };
 
+/// What the engine was last handed is what a chunk would store, and every role has a position of its own.
+/// Every id that was ever changed counts: the editor hasn't looked since.
+void expectEngineAndStateAgree(QORVST24EffectWrapper& effect)
+{
+    RecordingEditor editor;
+    effect.attachEditor(&editor);
+    effect.idleEditor();
+    effect.attachEditor(nullptr);
+    for (const auto& [id, told] : editor.heard) {
+        if (isStored(id)) {
+            EXPECT_EQ(static_cast<float>(told.front()), storedValue(effect, id)) << "id " << id;
+        }
+    }
+    std::array<int, 9> taken{};
+    for (const std::int32_t id : kPositionIds)
+        ++taken[static_cast<std::size_t>(storedValue(effect, id) * 8.0f + 0.5f)];
+    for (const int roles : taken) EXPECT_EQ(roles, 1);
+}
+
+// A reaction on another thread moves what this one has just set and not yet reacted to.
+TEST(Threads, AChangeOvertakenByAReactionHoldsInTheEnd)
+{
+    PrivateHome home;
+    RecordingHost host;
+    Session session;
+    std::atomic<bool> held{false};
+    std::thread other([&] {
+        const auto claimed = session.effect.claimReactions();
+        held = true;
+        while (session.effect.getParameter(49) != 0.5f) std::this_thread::yield();
+        session.effect.getMasterController().react(17,
+                                                   0.125); // takes the place of 49, which is told to go to 0
+    });
+    while (!held) std::this_thread::yield();
+    session.effect.setParameter(49, 0.5f);
+    other.join();
+    EXPECT_EQ(storedValue(session.effect, 49), 0.5f);
+    expectEngineAndStateAgree(session.effect);
+}
+
 TEST(Threads, ASessionRunsWithoutATear)
 {
     PrivateHome home;
@@ -108,6 +155,7 @@ TEST(Threads, ASessionRunsWithoutATear)
     EXPECT_GT(session.rounds, 0);
     EXPECT_GT(session.blocks, 0);
     std::cout << session.blocks << " blocks, " << session.rounds << " rounds of state\n";
+    expectEngineAndStateAgree(session.effect);
 }
 
 constexpr std::int32_t kMonitorIds[] = {21, 53, 85, 117, 149, 197, 229, 261, 309};
@@ -126,6 +174,88 @@ TEST(Threads, AReactionLeftToTheHolderIsWorkedOff)
     }
     EXPECT_EQ(storedValue(session.effect, 21), 0.0f);
     EXPECT_EQ(storedValue(session.effect, 117), 1.0f);
+}
+
+// The first of two deferred moves pushes the module that the second one is about.
+TEST(Threads, EveryDeferredChangeHasItsEffect)
+{
+    PrivateHome home;
+    RecordingHost host;
+    Session session;
+    const auto automate = [](QORVST24EffectWrapper& effect) {
+        effect.setParameter(17, 0.5f);
+        effect.setParameter(49, 0.25f);
+        effect.setParameter(256, 49.0f / 255.0f);
+        effect.setParameter(277, 0.9f);
+    };
+    {
+        const auto held = session.effect.claimReactions();
+        std::thread audio([&] { automate(session.effect); });
+        audio.join();
+    }
+    QORVST24EffectWrapper undisturbed(&RecordingHost::callback);
+    automate(undisturbed);
+    EXPECT_EQ(chunkOf(session.effect), chunkOf(undisturbed));
+    expectEngineAndStateAgree(session.effect);
+}
+
+TEST(Threads, AThreadThatProcessesNeverWaitsEvenIfItMadeTheEffect)
+{
+    PrivateHome home;
+    RecordingHost host;
+    Session session;
+    session.effect.processReplacing(nullptr, nullptr, 0);
+    std::atomic<bool> held{false}, returned{false}, waited{false};
+    std::thread other([&] {
+        const auto claimed = session.effect.claimReactions();
+        held = true;
+        for (int i = 0; i < 2000 && !returned; ++i) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        waited = !returned;
+    });
+    while (!held) std::this_thread::yield();
+    session.effect.setParameter(32, 0.25f);
+    returned = true;
+    other.join();
+    EXPECT_FALSE(waited);
+    EXPECT_EQ(storedValue(session.effect, 32), 0.25f);
+}
+
+/// A host whose audio thread automates a parameter in the middle of a preset load.
+struct InterruptingHost {
+    static std::intptr_t callback(AEffect*, std::int32_t opcode, std::int32_t index, std::intptr_t, void*,
+                                  float)
+    {
+        if (opcode == audioMasterEndEdit && index == 100 && target != nullptr)
+            std::thread([] { target->setParameter(32, 0.9f); }).join();
+        return opcode == audioMasterVersion ? kVstVersion : 0;
+    }
+    static inline QORVST24EffectWrapper* target = nullptr;
+};
+
+TEST(Threads, AutomationDuringAPresetLoadIsKept)
+{
+    PrivateHome home;
+    QORVST24EffectWrapper effect(&InterruptingHost::callback);
+    InterruptingHost::target = &effect;
+    PresetStore& store = *effect.getMasterController().store();
+    store.applyPreset(store.current().snapshot());
+    InterruptingHost::target = nullptr;
+    EXPECT_EQ(effect.getParameter(32), 0.9f);
+    EXPECT_EQ(storedValue(effect, 32), 0.9f);
+}
+
+TEST(Threads, ANameSetOnAnotherThreadReachesTheEditorAtIdle)
+{
+    PrivateHome home;
+    RecordingHost host;
+    Session session;
+    RecordingEditor editor;
+    session.effect.attachEditor(&editor);
+    std::thread([&] { session.effect.setProgramName("Renamed"); }).join();
+    EXPECT_TRUE(editor.heard.empty()) << "never touched from there";
+    session.effect.idleEditor();
+    EXPECT_EQ(editor.heard.count(859), 1u);
+    session.effect.attachEditor(nullptr);
 }
 
 // Two threads race for the claim; whoever loses, the Monitor switched on last by the other thread is the only

@@ -188,8 +188,9 @@ TEST(CatalogueSteps, FineWheelStepIsTheHostStep)
         }
     }
     std::cout << "wheels checked over all modules " << wheels << "\n";
-    EXPECT_EQ(moduleSteps(97, 16), 0);
-    EXPECT_EQ(moduleFine(97, 16), 0.0);
+    EXPECT_EQ(moduleSteps(kDeesserCode, 20), 0); // a switch
+    EXPECT_EQ(moduleFine(kDeesserCode, 20), 0.0);
+    EXPECT_EQ(moduleSteps(97, 17), 50);
 }
 
 } // namespace

@@ -153,7 +153,11 @@ TEST(Parsing, NumbersByTheirRows)
     expectTyped({
         {32, "12 dB", 0.7},
         {32, "30.1", kRefused},
-        {32, "abc", 0.5},
+        {32, "abc", kRefused},
+        {32, "abc5", kRefused},
+        {32, "-.0", 0.5},
+        {68, "Bell", kRefused},
+        {102, "loud", kRefused},
         {34, "-30", 0.0},
         {34, "1", kRefused},
         {34, "-36", kRefused},
@@ -191,6 +195,8 @@ TEST(Parsing, NumbersByTheirRows)
         {132, "50%", 0.5},
         {132, "x", kRefused},
         {134, "Off", 0.0},
+        {134, "k0", 0.0},
+        {134, "low", kRefused},
         {134, "0", 0.0},
         {134, "5", kRefused},
         {134, "1k", 1.0},
@@ -216,6 +222,7 @@ TEST(Parsing, NumbersByTheirRows)
         {241, "10R", 0.6},
         {241, "80R", 1.0},
         {241, "abc", kRefused},
+        {241, "hello", kRefused},
         {242, "-oo", 0.0},
         {242, "-101", 0.0},
         {242, "11", 1.0},
@@ -273,6 +280,17 @@ TEST(Parsing, NumbersOfTheSpecialModules)
     near(kMarlowCode, 17, "1", 0.5);
     near(kMarlowCode, 19, "0", 0.5);
     near(kMarlowCode, 22, "24.1", kRefused);
+}
+
+/// A value box takes for 0 what a command line or a host's dialogue has to refuse.
+TEST(Parsing, ValueBoxesReadAWordAsZero)
+{
+    constexpr std::int32_t kPreampCode = 3;
+    EXPECT_EQ(moduleParseText(kPreampCode, 16, "abc"), 0.5);
+    EXPECT_FALSE(moduleTextToValue(kPreampCode, 16, "abc"));
+    EXPECT_EQ(moduleParseText(kDehummerCode, 16, "even"), 0.5);
+    EXPECT_FALSE(moduleTextToValue(kDehummerCode, 16, "even"));
+    EXPECT_EQ(moduleTextToValue(kDehummerCode, 16, "100/0"), 0.0);
 }
 
 /// An equaliser's frequency has no closed inverse: the answer is the first step that reaches what was typed.

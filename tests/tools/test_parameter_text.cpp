@@ -31,12 +31,14 @@ TEST(ParameterText, TakesEveryZeroButNoUnknownWordForIt)
 {
     for (const char* zero : {"0", "0.0", "-0", "0 dB", "0.00dB"})
         EXPECT_EQ(ParameterTexts().resolve("Comp:Makeup Gain", zero).value, 0.0) << zero;
-    for (const char* word : {"Pre:Gain=loud", "Gate:Shape=round", "EQ:HI Freq=high", "Comp:HPF=low",
-                             "Lim:Shape=square", "Lim:Mode=Mode 9", "Pre:Drive=", "Pre:Drive=nan"})
+    for (const char* word :
+         {"Pre:Gain=loud", "Gate:Shape=round", "EQ:HI Freq=high", "Comp:HPF=low", "Lim:Shape=square",
+          "Lim:Mode=Mode 9", "Pre:Drive=", "Pre:Drive=nan", "Mstr:Balance=hello"})
         EXPECT_NE(refusal(word), "") << word;
     EXPECT_EQ(ParameterTexts().resolve("Comp:HPF", "off").value, 0.0);
     EXPECT_EQ(ParameterTexts().resolve("Mstr:Gain", "-oo").value, 0.0);
     EXPECT_EQ(ParameterTexts().resolve("Flt:LPF In", "Off").value, 0.0);
+    EXPECT_EQ(ParameterTexts().resolve("Pre:Type", "Off").value, 0.0);
     EXPECT_NEAR(ParameterTexts().resolve("Lim:Shape", "Tape 2").value, 0.3, 1e-12);
 }
 
@@ -83,6 +85,10 @@ TEST(ParameterText, FollowsTheModuleInAnInsert)
     }
     texts.resolveAssignment("InsX:Type=De-hummer");
     EXPECT_NEAR(texts.resolveAssignment("InsX:Prm03=-48").value, 0.0, 1e-12);
+
+    EXPECT_THROW(texts.resolveAssignment("InsX:Prm01=even"), UserError);
+    texts.resolveAssignment("InsX:Type=Pre 70s"); // its switches show no text
+    EXPECT_EQ(texts.resolveAssignment("InsX:Prm02=On").value, 1.0);
 
     texts.follow(304, kMarlowCode / 255.0);
     EXPECT_NEAR(texts.resolveAssignment("InsY:Prm01=-30").value, 0.5, 1e-12);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cmath>
 #include <cstdlib>
 #include <functional>
 #include <numeric>
@@ -45,8 +44,9 @@ Texts textsOf(ParameterId id)
 
 Texts moduleTextsOf(std::int32_t code, ParameterId offset)
 {
-    return {moduleSteps(code, offset), [=](double v) { return onOneLine(moduleValueText(code, offset, v)); },
-            [=](std::string_view text) { return moduleParseText(code, offset, text); }};
+    return {moduleHostSteps(code, offset),
+            [=](double v) { return onOneLine(moduleValueText(code, offset, v)); },
+            [=](std::string_view text) { return moduleTextToValue(code, offset, text); }};
 }
 
 /// What steps beyond a list's end show.
@@ -97,19 +97,18 @@ bool isZero(const std::string& text)
     return std::strtod(text.c_str(), &end) == 0.0 && end != text.c_str();
 }
 
-/// The catalogue's boxes take some forms of 0 only, and some of them read a word that they don't know as 0.
-/// On a command line the first is a trap and the second hides a slip: here every 0 is good, and a word counts
-/// only if the value shows as that word, or turns a switch on or off.
+/// The catalogue takes some forms of 0 only, and where it searches it answers every text. On a command line
+/// the first is a trap and the second hides a slip: here every 0 is good, and a word has to be what the
+/// answer shows.
 std::optional<double> parseStrictly(const std::string& text, const Texts& texts)
 {
     std::optional<double> value = texts.parse(text);
     if (!value && isZero(text)) value = texts.parse("0");
-    if (!value || !std::isfinite(*value)) return std::nullopt;
-    if (beginsWithNumber(text)) return value;
-    const std::string word = lowered(text);
-    if (texts.steps == 1 && (word == "on" || word == "off")) return value;
-    const bool shown = !word.empty() && lowered(texts.show(*value)).find(word) != std::string::npos;
-    return shown ? value : std::nullopt;
+    if (!value || beginsWithNumber(text)) return value;
+    constexpr std::string_view kNonsense = "?";
+    const bool answersEverything = texts.parse(kNonsense).has_value();
+    const bool shown = !text.empty() && lowered(texts.show(*value)).find(lowered(text)) != std::string::npos;
+    return shown || !answersEverything ? value : std::nullopt;
 }
 
 /// Number of single-character edits between two texts, letter case aside.

@@ -214,4 +214,35 @@ TEST(Consoles, SaturationMeterReadsTheDecadesScale)
 }
 
 } // namespace
+// A step that ends in a Type write: what rings on behind it in silence.
+double tailBehindTypeWrite(InputRig& rig, int type, std::size_t samples)
+{
+    rig.run(Signal(4096, 0.5));
+    rig.set(InputRig::kType, type / 15.0);
+    return peak(rig.run(Signal(samples, 0.0), 1));
+}
+
+TEST(Consoles, ATypeWriteClearsTheSectionsOfTheDecade)
+{
+    const auto tail = [](int type) { // of the bandwidth filter, the only one that an attenuated step leaves
+        InputRig rig(2);
+        rig.set(InputRig::kNoiseIn, 1.0);
+        rig.set(InputRig::kNoiseLevel, 0.0);
+        return tailBehindTypeWrite(rig, type, 3);
+    };
+    const double analog = tail(2);
+    const double converter = tail(5);
+    std::printf("60s with noise, a step's tail behind a Type write: 60s %.2e, 90s %.2e\n", analog, converter);
+    EXPECT_LT(analog, 1e-4);
+    EXPECT_GT(converter, 0.01) << "the converter takes the filters over as they are";
+}
+
+TEST(Consoles, ATypeWriteLeavesTheHighPassRunning)
+{
+    InputRig rig(4); // 80s: no bias, so nothing but the high-pass rings on
+    const double tail = tailBehindTypeWrite(rig, 4, 64);
+    std::printf("80s, a step's tail behind a Type write: %.3f\n", tail);
+    EXPECT_GT(tail, 0.1);
+}
+
 } // namespace velmora::test
