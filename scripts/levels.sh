@@ -17,7 +17,7 @@ row() {
     local name=$1 options=() setting line
     shift
     for setting in "${off[@]}" "$@"; do options+=(--set "$setting"); done
-    line=$("$build/bin/velmora-render" "$dry" "$folder/out.wav" "${options[@]}" --double | tail -n 1)
+    line=$("$build/bin/velmora-render" "$dry" "$folder/out.wav" "${options[@]}" --side-chain "$dry" --double | tail -n 1)
     local figures
     figures=$(sed -E 's/.*peak ([^ ]+) dB, RMS ([^ ]+) dB, gain reduction ([^ ]+) dB.*/\1 | \2 | \3/' <<< "$line")
     local settings=""
@@ -28,7 +28,8 @@ row() {
 cat <<TEXT
 # Levels
 
-The demo recording (voice and drums, 48 kHz) through each variant alone, every other module off, in double precision.
+The demo recording (voice and drums, 48 kHz) through each variant alone, every other module off, in double precision;
+the recording is its own side chain.
 Gain reduction is the largest reading of the total gain-reduction meter; expander, gate, ducker, de-esser, de-hummer
 and dynamic EQ don't count towards it. Made by \`scripts/levels.sh build/release\`.
 
