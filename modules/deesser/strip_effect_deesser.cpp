@@ -59,6 +59,7 @@ void StripEffectDeesser::setParameter(std::uint32_t id, double value)
     switch (relative(id)) {
     case kTypeOffset:
         type = decodeType(value);
+        if (type == 0) gain = 1.0; // nothing would move the meter any more
         break;
     case kMonitorOffset:
         monitor = decodeStep(value);

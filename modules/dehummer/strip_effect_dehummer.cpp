@@ -52,6 +52,7 @@ void StripEffectDehummer::setParameter(std::uint32_t id, double value)
     switch (relative(id)) {
     case kTypeOffset:
         type = decodeType(value);
+        if (type == 0) reductionMeter = 0.0; // nothing would move it any more
         break;
     case kMonitorOffset:
         setMonitor(decodeStep(value));

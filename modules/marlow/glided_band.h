@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "params/laws/special_laws.h"
 
 #include <cmath>
 
@@ -15,12 +16,13 @@ inline double marlowSmoothingStep(double sampleRate)
 /// Frequency and Qs of the dynamic band, smoothed so that a move doesn't click.
 struct GlidedBand {
     static constexpr double kFlush = 1e-18;
+    static constexpr double kMiddle = 0.5; ///< where the controls start
 
-    double freqTarget = 632.455532033676; ///< Hz
+    double freqTarget = marlow::frequencyHz(kMiddle); ///< Hz
     double freqNow = freqTarget;
-    double qPeakTarget = 1.0;
+    double qPeakTarget = marlow::peakQ(kMiddle);
     double qPeakNow = qPeakTarget;
-    double qShelfTarget = 0.7;
+    double qShelfTarget = marlow::shelfQ(kMiddle);
     double qShelfNow = qShelfTarget;
 
     void land()

@@ -144,6 +144,23 @@ void expectSilenceAndReset(const Settings& settings)
     EXPECT_EQ(used.meter(0), 0.0);
 }
 
+/// Type 0 is wiring: no reduction stays on the meter, and the setting comes back with the type.
+template <typename Module>
+void expectTypeZeroShowsNoReduction(const Settings& settings, const Signal& reduced)
+{
+    constexpr std::uint32_t kType = 0;
+    SpecialRig<Module> rig(settings);
+    rig.run(reduced);
+    EXPECT_GT(rig.meter(2), 0.1);
+    rig.set(kType, 0.0);
+    EXPECT_EQ(rig.meter(2), 0.0);
+    EXPECT_EQ(rig.run(reduced), reduced);
+    EXPECT_EQ(rig.meter(2), 0.0);
+    rig.set(kType, 1.0 / 15.0);
+    rig.run(reduced);
+    EXPECT_GT(rig.meter(2), 0.1);
+}
+
 template <typename Module>
 void expectSplitInvariance(const Settings& settings)
 {

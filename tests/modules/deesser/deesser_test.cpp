@@ -141,6 +141,7 @@ TEST(Deesser, IsSoundAsAModule)
         expectRecovery<StripEffectDeesser>(settings);
     }
     expectFiniteUnderAutomation<StripEffectDeesser>(Freq, Split);
+    expectTypeZeroShowsNoReduction<StripEffectDeesser>(full, sine(kSibilantHz, 44100.0, 0.3, 44100));
 
     Rig idle;
     idle.module.resetMeters();

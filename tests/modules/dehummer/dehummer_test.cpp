@@ -171,6 +171,25 @@ TEST(Dehummer, IsSoundAsAModule)
         expectRecovery<StripEffectDehummer>(settings);
     }
     expectFiniteUnderAutomation<StripEffectDehummer>(EvenOdd, HzOffset);
+    expectTypeZeroShowsNoReduction<StripEffectDehummer>({}, sine(60.0, 44100.0, 0.5, 6 * 44100));
+}
+
+// Calls shorter than the chain of cuts, with glides under way and the listening sections resting in between.
+TEST(Dehummer, CallLengthsDontShowWhileGliding)
+{
+    const Signal x = noise(640, 0.9);
+    const std::vector<std::size_t> whole{64};
+    const std::vector<std::size_t> odd{1, 17, 3, 43};
+    Rig a({}, 96000.0);
+    Rig b({}, 96000.0);
+    for (const Settings& move :
+         {Settings{{HzOffset, 0.9}}, Settings{{Monitor, 1.0}}, Settings{{Frequency, 0.0}},
+          Settings{{Monitor, 0.0}}, Settings{{Attenuation, 0.1}}, Settings{{Monitor, 1.0}}}) {
+        a.set(move);
+        b.set(move);
+        EXPECT_EQ(a.run(x, whole), b.run(x, odd));
+        EXPECT_EQ(a.meter(2), b.meter(2));
+    }
 }
 
 } // namespace

@@ -216,6 +216,25 @@ TEST(Marlow, FrequencyAndQMoveSmoothly)
     EXPECT_LT(jump, 0.07); // 24 dB above the tone's own 0.0036 is 0.056
 }
 
+// The defaults move nothing but the transition, which a new module has narrower.
+TEST(Marlow, StartsOnItsDefaults)
+{
+    const Signal x = noise(4096, 0.9);
+    StripEffectMarlow fresh(Rig::kWindow, Rig::kMeters, 711);
+    fresh.setParameter(Rig::kWindow + Above, 1.0);
+    fresh.setParameter(Rig::kWindow + Transition, 0.5);
+    std::array<double, 64> main;
+    AudioRecord record;
+    record.channels[0] = record.channels[1] = main.data();
+    Signal y;
+    for (std::size_t at = 0; at < x.size(); at += main.size()) {
+        std::copy_n(x.data() + at, main.size(), main.data());
+        fresh.processMono(record, record, 64);
+        y.insert(y.end(), main.begin(), main.end());
+    }
+    EXPECT_EQ(y, Rig({{Above, 1.0}}).run(x));
+}
+
 TEST(Marlow, IsSoundAsAModule)
 {
     const Settings cut{{Above, 0.1}, {Frequency, 0.7}};
