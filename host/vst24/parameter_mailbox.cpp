@@ -14,10 +14,23 @@ bool ParameterMailbox::post(ParameterId id, float newValue)
 {
     // A reaction may have moved the exact value away from what the host believes.
     if (newValue == value(id) && newValue == static_cast<float>(exactValue(id))) return false;
-    values[index(id)].store(newValue, std::memory_order_relaxed);
-    exactValues[index(id)].store(static_cast<double>(newValue), std::memory_order_relaxed);
+    values[index(id)].store(newValue); // in this order, for `settle`
+    exactValues[index(id)].store(static_cast<double>(newValue));
     markBoth(id);
     return true;
+}
+
+double ParameterMailbox::settle(ParameterId id)
+{
+    for (;;) {
+        const float posted = values[index(id)].load();
+        if (posted != static_cast<float>(exactValues[index(id)].load())) {
+            exactValues[index(id)].store(static_cast<double>(posted));
+            markBoth(id);
+        }
+        // Another post between the two reads may have been overwritten just now.
+        if (posted == values[index(id)].load()) return static_cast<double>(posted);
+    }
 }
 
 bool ParameterMailbox::postExact(ParameterId id, double newValue)

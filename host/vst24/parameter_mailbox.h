@@ -26,6 +26,10 @@ public:
     /// A change in reaction to another: the host's view stays as it is.
     bool postExact(ParameterId id, double value);
 
+    /// Brings the exact value back to what was posted last, whatever a reaction or the post of another thread
+    /// has made of it meanwhile. @return that value.
+    double settle(ParameterId id);
+
     /// Hands an insert's Side Chain, Monitor and own parameters to the engine again, whatever their values,
     /// so that the defaults of a swap can't outlive a stored value that equals the old one.
     void repostInsert(const RoleWindow& window);

@@ -92,19 +92,33 @@ void QORVST24EffectWrapper::beginBlock()
     mailbox.flush(*engine);
 }
 
+// On the user interface's side the change and its reaction are done before the call returns. Any other thread
+// may be the audio thread: it never waits.
 void QORVST24EffectWrapper::setParameter(std::int32_t id, float value)
 {
     if (id < 0 || id > kLastCommandId || !std::isfinite(value)) return;
-    if (id >= kIdCount) {
+    const bool command = id >= kIdCount;
+    if (command)
         commandPending.store(true);
-        reactTo(id, static_cast<double>(value), true);
-        tellEditor(id, static_cast<double>(value));
-        return;
-    }
-    const float clamped = std::clamp(value, 0.0f, 1.0f);
-    const bool accepted = mailbox.post(id, clamped);
-    reactTo(id, static_cast<double>(clamped), accepted);
-    tellEditor(id, static_cast<double>(clamped));
+    else
+        value = std::clamp(value, 0.0f, 1.0f);
+
+    if (onUserInterfaceThread())
+        claim.enter();
+    else if (!claim.tryEnter())
+        return deferChange(id, value);
+    const bool accepted = command || mailbox.post(id, value);
+    processReaction(id, static_cast<double>(value), accepted);
+    leaveClaim();
+    tellEditor(id, static_cast<double>(value));
+}
+
+// The engine gets the change as soon as any; the reaction is left to whoever is reacting just now.
+void QORVST24EffectWrapper::deferChange(std::int32_t id, float value)
+{
+    if (id < kIdCount) mailbox.post(id, value);
+    deferredReactions.mark(id);
+    if (claim.tryEnter()) leaveClaim(); // the holder may have left before the mark
 }
 
 void QORVST24EffectWrapper::setExactParameter(std::int32_t id, double value)
@@ -127,33 +141,6 @@ float QORVST24EffectWrapper::getParameter(std::int32_t id)
     return mailbox.value(id);
 }
 
-// On the user interface's side a reaction is done before the call returns. Any other thread may be the audio
-// thread: it never waits, and leaves the id to whoever is reacting just now.
-void QORVST24EffectWrapper::reactTo(std::int32_t id, double value, bool accepted)
-{
-    if (onUserInterfaceThread()) {
-        claim.enter();
-    } else if (!claim.tryEnter()) {
-        deferredReactions.mark(id);
-        if (claim.tryEnter()) leaveClaim(); // the holder may have left before the mark
-        return;
-    }
-    settle(id, value, accepted);
-    leaveClaim();
-}
-
-// Before the claim was ours another thread's reaction may have moved the exact value, or another thread set
-// the same id at the same moment. What the host set last is set again: engine, controller and state follow
-// it.
-void QORVST24EffectWrapper::settle(std::int32_t id, double value, bool accepted)
-{
-    if (id < kIdCount) {
-        accepted = mailbox.post(id, mailbox.value(id)) || accepted;
-        value = mailbox.exactValue(id);
-    }
-    processReaction(id, value, accepted);
-}
-
 void QORVST24EffectWrapper::processReaction(std::int32_t id, double value, bool accepted)
 {
     masterController->react(id, value);
@@ -174,7 +161,9 @@ void QORVST24EffectWrapper::leaveClaim()
     if (!claim.outermost()) return claim.leave();
     do {
         if (deferredReactions.any())
-            deferredReactions.take().forEach([this](ParameterId id) { settle(id, 1.0, true); });
+            deferredReactions.take().forEach([this](ParameterId id) {
+                processReaction(id, id < kIdCount ? mailbox.settle(id) : 1.0, true);
+            });
         claim.leave();
     } while (deferredReactions.any() && claim.tryEnter());
 }

@@ -91,8 +91,7 @@ public:
 
 private:
     void beginBlock();
-    void reactTo(std::int32_t id, double value, bool accepted);
-    void settle(std::int32_t id, double value, bool accepted);
+    void deferChange(std::int32_t id, float value);
     void processReaction(std::int32_t id, double value, bool accepted);
     void tellEditor(std::int32_t id, double value);
     /// A host may create the effect on a thread that runs audio later: who processes is never taken for the

@@ -63,6 +63,10 @@ TEST(ParameterMailbox, TakesAHostValueThatDiffersFromTheExactOneAlone)
     EXPECT_EQ(mailbox.value(17), 0.125f) << "the host's view stays";
     EXPECT_TRUE(mailbox.post(17, 0.125f)) << "the host repeats its value, the engine must follow";
     EXPECT_EQ(mailbox.exactValue(17), 0.125);
+
+    mailbox.postExact(17, 0.75);
+    EXPECT_EQ(mailbox.settle(17), 0.125);
+    EXPECT_EQ(mailbox.exactValue(17), 0.125) << "what was posted holds against the reaction";
 }
 
 TEST(ParameterMailbox, DoubleStartValuesReachTheEngineUnrounded)

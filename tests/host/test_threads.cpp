@@ -123,23 +123,18 @@ void expectEngineAndStateAgree(QORVST24EffectWrapper& effect)
     for (const int roles : taken) EXPECT_EQ(roles, 1);
 }
 
-// A reaction on another thread moves what this one has just set and not yet reacted to.
+// A reaction moves what another thread has just set and not yet reacted to.
 TEST(Threads, AChangeOvertakenByAReactionHoldsInTheEnd)
 {
     PrivateHome home;
     RecordingHost host;
     Session session;
-    std::atomic<bool> held{false};
-    std::thread other([&] {
-        const auto claimed = session.effect.claimReactions();
-        held = true;
-        while (session.effect.getParameter(49) != 0.5f) std::this_thread::yield();
+    {
+        const auto held = session.effect.claimReactions();
+        std::thread([&] { session.effect.setParameter(49, 0.5f); }).join();
         session.effect.getMasterController().react(17,
                                                    0.125); // takes the place of 49, which is told to go to 0
-    });
-    while (!held) std::this_thread::yield();
-    session.effect.setParameter(49, 0.5f);
-    other.join();
+    }
     EXPECT_EQ(storedValue(session.effect, 49), 0.5f);
     expectEngineAndStateAgree(session.effect);
 }
