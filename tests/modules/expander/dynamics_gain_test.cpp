@@ -120,6 +120,18 @@ TEST(Timing, HoldLastsExactlyItsSamples)
         }
 }
 
+// A reset shuts the gain but doesn't shorten a hold under way: the ducker waits for the rest of it.
+TEST(Timing, HoldGoesOnAcrossAReset)
+{
+    Rig rig(Rig::Ducker);
+    rig.set(Rig::Hold, 0.3547);
+    const auto hold = static_cast<std::size_t>(0.3547 * 0.3547 * 0.4 * 44100.0);
+    const std::size_t before = 500;
+    rig.gains(join(1000, kOpen, before, kShut));
+    rig.module.reset();
+    EXPECT_EQ(firstAbove(rig.gains(Signal(hold, kShut)), 1e-12), hold - before);
+}
+
 // A fall of d^p per sample takes (1 - L^(1 - p)) / (1 - p) time constants from 1 down to L. The constant is
 // the shown time stretched by the shape's correction.
 TEST(Timing, ReleaseFollowsItsShape)
@@ -159,7 +171,7 @@ TEST(Timing, ReleaseFollowsItsShape)
         }
 }
 
-// From one level to a lower one the expander falls by its release, and no further than its target.
+// From one level to a lower one the expander falls by its release; an exponential one ends at its target.
 TEST(Timing, ExpanderReleaseStopsAtItsTarget)
 {
     Rig rig(Rig::Expander);
@@ -176,6 +188,77 @@ TEST(Timing, ExpanderReleaseStopsAtItsTarget)
     std::printf("expander release %.1f ms: %.1f ms with its smoothing\n", ms, measured);
     EXPECT_GT(measured, ms);
     EXPECT_LT(measured, ms + 10.0);
+}
+
+// The expander's gain moves in two stages: an envelope that heads for 1 and stops at its target, and a
+// one-pole behind it that on the way up takes the attack's step as well. Both ways have a closed form at
+// Shape 0.
+TEST(Timing, ExpanderMovesInTwoStages)
+{
+    constexpr double kTarget = 0.5;
+    for (double rate : kRates) {
+        Rig rig(Rig::Expander, rate);
+        rig.set(Rig::Ratio, 0.6); // gain follows the level one to one
+        rig.set(Rig::Attack, 0.6);
+        rig.set(Rig::Release, 0.3);
+        const double rise = std::pow(kResidue, 1000.0 / (0.1 * std::pow(2500.0, 0.6) * rate));
+        const double fall = std::pow(kResidue, 1000.0 / (10.0 * std::pow(300.0, 0.3) * rate));
+        const double lag = std::pow(0.05, 100.0 / rate);
+        double worst = 0.0;
+
+        const Signal up = rig.gains(Signal(rig.samples(0.1), kTarget * Rig::kThreshold));
+        const double both = rise * lag;
+        const auto gap = [&](double n) { // from the smoothed gain to 1 while the envelope rises
+            return std::pow(both, n) +
+                   (1.0 - both) * rise * (std::pow(rise, n) - std::pow(both, n)) / (rise - both);
+        };
+        const double arrival = std::floor(std::log(1.0 - kTarget) / std::log(rise)); // last sample below
+        for (std::size_t i = 0; i < up.size(); ++i) {
+            const double n = static_cast<double>(i + 1);
+            const double left = gap(arrival) - (1.0 - kTarget);
+            const double expected =
+                n <= arrival ? 1.0 - gap(n) : kTarget - left * std::pow(both, n - arrival);
+            worst = std::max(worst, std::fabs(up[i] - expected));
+        }
+
+        rig.steadyGain(kOpen, 3.0);
+        const Signal down = rig.gains(Signal(rig.samples(0.1), kTarget * Rig::kThreshold));
+        for (std::size_t i = 0; i < down.size(); ++i) {
+            const double n = static_cast<double>(i + 1);
+            const double lagged = std::pow(lag, n);
+            const double left = lagged + (1.0 - lag) * fall * (std::pow(fall, n) - lagged) / (fall - lag);
+            worst = std::max(worst, std::fabs(down[i] - (kTarget + (1.0 - kTarget) * left)));
+        }
+        std::printf("expander at %.0f Hz: %.1e from its closed form\n", rate, worst);
+        EXPECT_LT(worst, 1e-10);
+    }
+}
+
+// A nearly straight fall doesn't slow down at its target: it steps past it once and is fetched back. The
+// envelope is read off the gain by undoing the one-pole behind it.
+TEST(Timing, ExpanderStraightFallStepsPastItsTargetOnce)
+{
+    constexpr double kTarget = 0.5, kRate = 44100.0;
+    Rig rig(Rig::Expander, kRate);
+    rig.set(Rig::Ratio, 0.6);
+    rig.set(Rig::Release, 0.0);
+    rig.set(Rig::Shape, 1.0);
+    rig.steadyGain(kOpen, 3.0);
+    const Signal g = rig.gains(Signal(rig.samples(0.1), kTarget * Rig::kThreshold));
+    const double lag = std::pow(0.05, 100.0 / kRate);
+    const auto envelope = [&](std::size_t i) {
+        return (g[i] - lag * (i == 0 ? 1.0 : g[i - 1])) / (1.0 - lag);
+    };
+    const double coefficient = 1.0 - std::pow(kResidue, 1.0 / (3.76 * 0.01 * kRate));
+    double expected = 1.0;
+    std::size_t i = 0;
+    for (; expected > kTarget; ++i) {
+        ASSERT_LT(i + 1, g.size());
+        expected -= std::pow(expected - kTarget, 0.0625) * coefficient;
+        ASSERT_NEAR(envelope(i), expected, 1e-9) << i;
+    }
+    EXPECT_LT(expected, kTarget - 1e-6);
+    EXPECT_NEAR(envelope(i), kTarget, 1e-9);
 }
 
 } // namespace

@@ -132,6 +132,23 @@ TEST(Dynamics, ResetShutsAndDefaultsHoldTheirValues)
     EXPECT_NEAR(toDb(rig.steadyGain(0.01, 10.0)), -0.7 * 10.0, 0.02);
 }
 
+// A rate change alone carries every time and corner over.
+TEST(Dynamics, FollowTheSampleRate)
+{
+    const Signal x = bursts(8000);
+    for (int type : kTypes)
+        for (double rate : {48000.0, 384000.0}) {
+            Rig moved(type, 96000.0);
+            Rig fresh(type, rate);
+            engage(moved);
+            engage(fresh);
+            moved.module.setSampleRate(rate);
+            moved.module.reset();
+            EXPECT_EQ(moved.run(x), fresh.run(x)) << type << ", " << rate;
+            for (std::uint32_t m = 0; m < 3; ++m) EXPECT_EQ(moved.meter(m), fresh.meter(m));
+        }
+}
+
 TEST(Dynamics, PassThroughReadsNoReduction)
 {
     for (int type : {0, 1, 4, 15}) {
@@ -139,7 +156,10 @@ TEST(Dynamics, PassThroughReadsNoReduction)
         rig.run(Signal(100, 0.0));
         EXPECT_EQ(rig.meter(Rig::kReduction), 1.0);
         rig.setType(type);
-        if (type == Rig::Expander) rig.module.deactivate();
+        if (type == Rig::Expander)
+            rig.module.deactivate();
+        else
+            EXPECT_EQ(rig.meter(Rig::kReduction), 0.0); // at once: the engine may not call it again
         const Channels in{bursts(500), noise(500, 2.0, 2), noise(500, 0.5, 3), noise(500, 0.5, 4)};
         EXPECT_EQ(rig.run(in), in);
         EXPECT_EQ(rig.meter(Rig::kReduction), 0.0);
