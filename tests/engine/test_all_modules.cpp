@@ -88,7 +88,7 @@ TEST_P(AllModules, SilenceStaysSilentAndMetersComeToRest)
                 seconds += kStep;
             } while (seconds < kPatience && !(maxDifference(now, before) < 1e-3 && now[0] < 1e-4));
             EXPECT_LT(seconds, kPatience);
-            EXPECT_LE(tail, ownSound(place.type) + 1e-4);
+            EXPECT_LE(tail, ownSound(place.type) + 1e-6);
             slowest = std::max(slowest, seconds);
         }
     });
