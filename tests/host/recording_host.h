@@ -2,13 +2,10 @@
 
 #include "host/vst24/vst24_abi.h"
 #include "host/vst24/vst24_effect_wrapper.h"
+#include "tools/host/private_home.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <string>
+#include <cstdint>
 #include <vector>
-
-#include <unistd.h>
 
 namespace velmora::vst24::test {
 
@@ -55,22 +52,7 @@ public:
     }
 };
 
-/// Settings and presets of the user stay untouched: the process's home is a folder of its own for the test.
-class PrivateHome {
-public:
-    PrivateHome()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "velmora-test-XXXXXX").string();
-        folder = mkdtemp(pattern.data());
-        setenv("XDG_CONFIG_HOME", folder.c_str(), 1);
-        setenv("USERPROFILE", folder.c_str(), 1);
-    }
-    ~PrivateHome() { std::filesystem::remove_all(folder); }
-    PrivateHome(const PrivateHome&) = delete;
-    PrivateHome& operator=(const PrivateHome&) = delete;
-
-    std::filesystem::path folder;
-};
+using velmora::host::PrivateHome;
 
 /// The nine Position ids.
 inline constexpr std::int32_t kPositionIds[] = {17, 49, 81, 113, 145, 193, 225, 257, 305};

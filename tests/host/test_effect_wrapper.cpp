@@ -194,7 +194,7 @@ TEST_F(EffectWrapperTest, TheViewModeOfTheProcessOutlivesItsLastInstance)
         EXPECT_EQ(*static_cast<std::int32_t*>(data), 1) << "a later instance starts in the process's mode";
         second.setParameter(kViewModeId, 2.0f / 3.0f);
     }
-    const auto file = home.folder / "Qorvane" / "QORVelmora" / "QORVelmora: 792";
+    const auto file = home.settings() / "Qorvane" / "QORVelmora" / "QORVelmora: 792";
     EXPECT_FALSE(std::filesystem::exists(file)) << "an instance is left";
 }
 

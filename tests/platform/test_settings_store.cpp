@@ -1,6 +1,6 @@
 #include "platform/settings_store.h"
 #include "platform/user_folders.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 
 #include <gtest/gtest.h>
 

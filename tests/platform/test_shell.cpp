@@ -1,6 +1,6 @@
 #include "platform/clock.h"
 #include "platform/shell.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 
 #include <cerrno>
 #include <chrono>

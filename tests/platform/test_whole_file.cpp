@@ -1,5 +1,5 @@
 #include "platform/whole_file.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -48,11 +48,11 @@ TEST(WholeFile, FailedWriteLeavesTheOldFileAndNoOther)
     }
     EXPECT_FALSE(written);
     EXPECT_EQ(readBytes(path), old);
-    EXPECT_EQ(folder.entryCount(), 1u);
+    EXPECT_EQ(entryCount(folder), 1u);
 
     EXPECT_TRUE(writeWholeFile(path, wanted));
     EXPECT_EQ(readBytes(path), wanted);
-    EXPECT_EQ(folder.entryCount(), 1u);
+    EXPECT_EQ(entryCount(folder), 1u);
 }
 
 TEST(WholeFile, WritesThroughLinksAndRefusesWhatIsNoFile)
@@ -73,7 +73,7 @@ TEST(WholeFile, WritesThroughLinksAndRefusesWhatIsNoFile)
         EXPECT_FALSE(writeWholeFile(folder.file(name), wanted)) << name;
         EXPECT_FALSE(readWholeFile(folder.file(name), 100, FileAccess::ReadWrite)) << name;
     }
-    EXPECT_EQ(folder.entryCount(), 5u);
+    EXPECT_EQ(entryCount(folder), 5u);
     EXPECT_FALSE(writeWholeFile("", wanted));
 }
 

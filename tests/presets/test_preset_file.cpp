@@ -1,4 +1,4 @@
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 #include "tests/presets/preset_fixtures.h"
 
 #include <gtest/gtest.h>
@@ -44,7 +44,7 @@ TEST_F(PresetFile, RoundTripKeepsWhatIsNotStored)
 {
     ASSERT_TRUE(savePresetFile(path_, kSaved));
     EXPECT_EQ(readBytes(path_), good_);
-    EXPECT_EQ(folder_.entryCount(), 1u);
+    EXPECT_EQ(entryCount(folder_), 1u);
     EXPECT_EQ(loadPresetFile(path_, 0, &preset_), Status::Loaded);
     EXPECT_EQ(preset_.title(), kSaved.title());
     EXPECT_TRUE(sameStoredValues(preset_, kSaved));

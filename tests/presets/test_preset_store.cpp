@@ -1,4 +1,4 @@
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 #include "tests/presets/preset_fixtures.h"
 
 #include <atomic>

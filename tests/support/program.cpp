@@ -2,13 +2,11 @@
 
 #include <fcntl.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 
 namespace velmora::test {
 
@@ -21,19 +19,6 @@ std::string contentOf(const std::string& path)
 }
 
 } // namespace
-
-TemporaryFolder::TemporaryFolder()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "velmora-test-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
 
 ProgramResult runProgram(const std::string& path, const std::vector<std::string>& arguments)
 {

@@ -1,25 +1,11 @@
 #pragma once
 
-#include <filesystem>
+#include "tests/support/files.h"
+
 #include <string>
 #include <vector>
 
 namespace velmora::test {
-
-/// A folder of its own for a test, removed with everything in it.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 /// What a program did.
 struct ProgramResult {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 // The renderer with the built plug-in.
 
@@ -132,16 +131,11 @@ TEST_F(RenderStrip, FollowsAutomation)
 TEST_F(RenderStrip, TouchesNothingOfTheUsers)
 {
     const TemporaryFolder home;
-    const char* const names[] = {"HOME", "XDG_CONFIG_HOME", "USERPROFILE"};
-    std::vector<std::pair<const char*, std::optional<std::string>>> before;
-    for (const char* name : names) {
-        const char* value = std::getenv(name);
-        before.emplace_back(name, value ? std::optional<std::string>(value) : std::nullopt);
-        setenv(name, home.path().c_str(), 1);
-    }
+    const ScopedEnvironment userHome("HOME", home.path().string());
+    const ScopedEnvironment settings("XDG_CONFIG_HOME", home.path().string());
+    const ScopedEnvironment profile("USERPROFILE", home.path().string());
     through(kMaster, {"--save-preset", file("p.qor")});
     EXPECT_TRUE(std::filesystem::is_empty(home.path()));
-    for (const auto& [name, value] : before) value ? setenv(name, value->c_str(), 1) : unsetenv(name);
 }
 
 TEST_F(RenderStrip, RendersTheDemoRecording)

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
+#include "tools/host/scoped_environment.h"
+#include "tools/host/temporary_folder.h"
+
 #include <filesystem>
-#include <optional>
-#include <string>
 
 namespace velmora::host {
 
@@ -12,20 +12,13 @@ namespace velmora::host {
 /// one before the plug-in is loaded and before there are threads. Throws std::runtime_error.
 class PrivateHome {
 public:
-    PrivateHome();
-    ~PrivateHome();
-    PrivateHome(const PrivateHome&) = delete;
-    PrivateHome& operator=(const PrivateHome&) = delete;
-
-    const std::filesystem::path& folder() const { return folder_; }
+    const std::filesystem::path& folder() const { return folder_.path(); }
+    std::filesystem::path settings() const { return folder() / "config"; }
 
 private:
-    struct Saved {
-        const char* name;
-        std::optional<std::string> value;
-    };
-    std::array<Saved, 2> saved_;
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
+    ScopedEnvironment settingsVariable_{"XDG_CONFIG_HOME", settings().string()};
+    ScopedEnvironment profileVariable_{"USERPROFILE", folder().string()};
 };
 
 } // namespace velmora::host

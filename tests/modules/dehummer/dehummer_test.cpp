@@ -1,5 +1,5 @@
 #include "modules/dehummer/strip_effect_dehummer.h"
-#include "tests/modules/special_rig.h"
+#include "tests/support/special_rig.h"
 
 namespace velmora::test {
 namespace {

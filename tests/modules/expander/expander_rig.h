@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modules/expander/strip_effect_expander.h"
-#include "tests/modules/filters/module_rig.h"
+#include "tests/support/module_rig.h"
 
 #include <numbers>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modules/filters/strip_effect_filters.h"
-#include "tests/modules/filters/module_rig.h"
+#include "tests/support/module_rig.h"
 
 #include <complex>
 #include <numbers>
