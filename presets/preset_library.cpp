@@ -131,7 +131,9 @@ std::string PresetLibrary::cellName(std::int32_t group, std::int32_t folder, std
 {
     const std::optional<ListedPreset> found = findEntry(group, folder, entry);
     if (!found) return {};
-    return (entry < 10 ? "0" : "") + std::to_string(entry) + ". " + shownText(found->name, kShownCellName);
+    std::string text = entry < 10 ? "0" : "";
+    text += std::to_string(entry);
+    return text.append(". ").append(shownText(found->name, kShownCellName));
 }
 
 bool PresetLibrary::loadEntry(std::int32_t group, std::int32_t folder, std::int32_t entry, Preset* out)
