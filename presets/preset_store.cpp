@@ -24,6 +24,7 @@ Preset makeFactoryPreset(std::uint32_t id)
 {
     Preset preset;
     std::array<double, kHostParameterCount> values{};
+    for (ParameterId p = 0; p < kHostParameterCount; ++p) values[p] = defaultValue(p);
     factoryPreset(id, values.data(), preset.name.data(), nullptr);
     std::ranges::transform(values, preset.values.begin(), [](double v) { return static_cast<float>(v); });
     return preset;
@@ -169,7 +170,7 @@ void PresetStore::setCurrentName(std::string_view name)
 
 std::string PresetStore::listEntryName(std::int32_t index) const
 {
-    if (index < 0 || static_cast<std::uint32_t>(index) >= factoryPresetCount()) return {};
+    if (index < 0 || index >= kBankSlots) return {};
     PresetName name{};
     factoryPreset(static_cast<std::uint32_t>(index), nullptr, name.data(), nullptr);
     return name.data();
