@@ -1,7 +1,7 @@
 #pragma once
 
 #include "presets/preset_library.h"
-#include "tests/platform/temporary_folder.h"
+#include "tests/support/files.h"
 #include "tests/presets/preset_fixtures.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "tests/platform/temporary_folder.h"
+#include "tools/host/private_home.h"
 
 #include <gtest/gtest.h>
 
@@ -8,28 +8,16 @@ namespace velmora::test {
 namespace {
 
 /// No test of this program sees the folders and settings of the user who runs it.
-class PrivateHome : public ::testing::Environment {
+class PrivateHomeEnvironment : public ::testing::Environment {
 public:
-    void SetUp() override
-    {
-        folder_ = std::make_unique<TemporaryFolder>();
-        profile_ = std::make_unique<ScopedEnvironment>("USERPROFILE", folder_->path().string());
-        config_ = std::make_unique<ScopedEnvironment>("XDG_CONFIG_HOME", folder_->file("config"));
-    }
-    void TearDown() override
-    {
-        config_.reset();
-        profile_.reset();
-        folder_.reset();
-    }
+    void SetUp() override { home_ = std::make_unique<host::PrivateHome>(); }
+    void TearDown() override { home_.reset(); }
 
 private:
-    std::unique_ptr<TemporaryFolder> folder_;
-    std::unique_ptr<ScopedEnvironment> profile_;
-    std::unique_ptr<ScopedEnvironment> config_;
+    std::unique_ptr<host::PrivateHome> home_;
 };
 
-const auto* const kPrivateHome = ::testing::AddGlobalTestEnvironment(new PrivateHome);
+const auto* const kPrivateHome = ::testing::AddGlobalTestEnvironment(new PrivateHomeEnvironment);
 
 } // namespace
 } // namespace velmora::test
