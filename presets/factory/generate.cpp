@@ -62,22 +62,19 @@ int run(const std::vector<std::string>& arguments)
 {
     RowsById rows;
     Faults faults;
-    const bool complete = std::ranges::count(arguments, "--complete") != 0;
-    std::vector<std::string> files;
-    std::ranges::remove_copy(arguments, std::back_inserter(files), "--complete");
-    if (files.size() < 2) {
-        std::cerr << "usage: generate [--complete] OUTPUT TEXT...\n";
+    if (arguments.size() < 2) {
+        std::cerr << "usage: generate OUTPUT TEXT...\n";
         return 2;
     }
-    for (std::size_t i = 1; i < files.size(); ++i) readFile(files[i], rows, faults);
-    if (complete) checkComplete(rows, faults);
+    for (std::size_t i = 1; i < arguments.size(); ++i) readFile(arguments[i], rows, faults);
+    checkComplete(rows, faults);
     for (const std::string& line : faults.lines()) std::cerr << line << '\n';
     if (faults.any()) return 1;
 
-    std::ofstream out(files.front());
+    std::ofstream out(arguments.front());
     writeSource(out, rows);
     out.close();
-    if (!out) std::cerr << files.front() << ": can't be written\n";
+    if (!out) std::cerr << arguments.front() << ": can't be written\n";
     return out ? 0 : 1;
 }
 

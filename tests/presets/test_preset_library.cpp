@@ -241,7 +241,7 @@ TEST(UserFolder, AHomeThatCanHoldNothingGivesEmptyLists)
     writeBytes(place.file("file"), Bytes{1});
     fs::create_directories(place.path() / "halfway/Documents");
     writeBytes(place.file("halfway/Documents/Qorvane"), Bytes{1});
-    const auto before = place.entryCount();
+    const auto before = entryCount(place);
     for (const std::string& home : {std::string(), std::string("relative/home"), place.file("file"),
                                     place.file("missing"), place.file("halfway")}) {
         PresetLibrary library(home, ignoreOutput);
@@ -251,7 +251,7 @@ TEST(UserFolder, AHomeThatCanHoldNothingGivesEmptyLists)
         EXPECT_EQ(library.entryCount(kGroupApplication, 0), 235);
         EXPECT_FALSE(fs::exists(library.userRoot())) << home;
     }
-    EXPECT_EQ(place.entryCount(), before);
+    EXPECT_EQ(entryCount(place), before);
     EXPECT_FALSE(fs::exists("relative"));
 }
 

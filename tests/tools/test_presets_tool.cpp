@@ -1,5 +1,7 @@
 // velmora-presets as a user calls it, and the renderer's way to the factory bank.
 
+#include "tests/support/files.h"
+#include "tests/support/plugin_host.h"
 #include "tests/support/program.h"
 #include "tests/tools/renderer_runs.h"
 
@@ -101,14 +103,14 @@ TEST_F(PresetsTool, TheRendererStartsFromTheFactoryBank)
 {
     writeRecording(file("in.wav"), {48000, {noise(24000, 0.2, 1)}});
     const auto through = [&](const std::string& preset, const std::string& out) {
-        return render({file("in.wav"), file(out), "--factory", preset, "--plugin", pluginPath()});
+        return render({file("in.wav"), file(out), "--factory", preset, "--plugin", pluginPath().string()});
     };
     EXPECT_EQ(through("HiFi Vocal", "a.wav").status, 0);
     EXPECT_EQ(through("185", "b.wav").status, 0);
     EXPECT_EQ(readRecording(file("a.wav")).channels, readRecording(file("b.wav")).channels);
     EXPECT_EQ(presets({"export", file("all")}).status, 0);
     EXPECT_EQ(render({file("in.wav"), file("c.wav"), "--preset", file("all/185 HiFi Vocal.qor"), "--plugin",
-                      pluginPath()})
+                      pluginPath().string()})
                   .status,
               0);
     EXPECT_EQ(readRecording(file("a.wav")).channels, readRecording(file("c.wav")).channels);
