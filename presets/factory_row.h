@@ -3,27 +3,18 @@
 #include "params/parameter_ids.h"
 
 #include <array>
-#include <cstdint>
 #include <span>
-#include <string_view>
 
 namespace velmora {
-
-inline constexpr std::int32_t kNoCategory = -1;
-inline constexpr std::int32_t kSpecialCategory = 7;
-inline constexpr std::int32_t kHouseDesigner = 22; ///< the maker's own presets
 
 struct FactoryValue {
     ParameterId id;
     double value;
 };
 
-/// A factory preset as a table holds it.
-struct FactoryRow {
-    std::string_view name;
-    std::int32_t category;
-    std::int32_t designer;
-    bool startsFromDefaults; ///< all 360 defaults come first
+/// A factory preset that is all defaults and a few values over them.
+struct DefaultsRow {
+    std::uint32_t id;
     std::span<const FactoryValue> values;
 };
 

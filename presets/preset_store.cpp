@@ -2,7 +2,7 @@
 
 #include "host/master/master_controller.h"
 #include "params/catalogue.h"
-#include "presets/factory_bank.h"
+#include "presets/preset_library.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,15 +19,6 @@ constexpr double kZoomPerStoredUnit = 1000.0; // a stored setting lies in 0..1
 
 std::atomic<bool> hintsOn{true};
 std::atomic<int> liveStores{0};
-
-Preset makeFactoryPreset(std::uint32_t id)
-{
-    Preset preset;
-    std::array<double, kHostParameterCount> values{};
-    factoryPreset(id, values.data(), preset.name.data(), nullptr);
-    std::ranges::transform(values, preset.values.begin(), [](double v) { return static_cast<float>(v); });
-    return preset;
-}
 
 std::int32_t readStoredZoom(QORMasterController& master)
 {
@@ -48,7 +39,12 @@ double zoomFactor(std::int32_t percent)
 
 } // namespace
 
-PresetStore::PresetStore(QORMasterController& master) : master_(master), defaultPreset_(makeFactoryPreset(0))
+PresetStore::PresetStore(QORMasterController& master, PresetLibrary& library, TickSource ticks)
+    : master_(master),
+      library_(library),
+      ticks_(ticks),
+      clipboardPreset_(makeFactoryPreset(0)),
+      defaultPreset_(makeFactoryPreset(0))
 {
     settings_.zoomPercent = readStoredZoom(master);
     if (liveStores.fetch_add(1) == 0) {
@@ -97,7 +93,7 @@ BlockLoad PresetStore::readChunkBlock(std::span<const std::uint8_t> block)
         const Preset& selected = bank_[exists ? static_cast<std::size_t>(header.currentSlot) : 0];
         sideA_.load(selected);
         sideB_.load(selected);
-        slotSelected_ = -1;
+        position_.entry = -1;
     }
     sendSettings();
     return status == BlockStatus::Good ? BlockLoad::Loaded : BlockLoad::ValueFailure;
@@ -133,8 +129,13 @@ void PresetStore::onParameterChanged(std::int32_t id, double value)
 
     CompareSide& active = side();
     bool differs = false;
+    const double clamped = std::clamp(value, 0.0, 1.0);
+    if (!undoing_.load(std::memory_order_relaxed)) {
+        const double old = id < kHostParameterCount ? static_cast<double>(active.preset.value(id)) : -1.0;
+        ring_.noteChange(id, old, clamped, ticks_(), active.preset);
+    }
     if (id < kHostParameterCount) {
-        const float entered = static_cast<float>(std::clamp(value, 0.0, 1.0));
+        const float entered = static_cast<float>(clamped);
         active.preset.setValue(id, entered);
         differs = entered != active.reference.value(id);
     }
@@ -169,10 +170,8 @@ void PresetStore::setCurrentName(std::string_view name)
 
 std::string PresetStore::listEntryName(std::int32_t index) const
 {
-    if (index < 0 || static_cast<std::uint32_t>(index) >= factoryPresetCount()) return {};
-    PresetName name{};
-    factoryPreset(static_cast<std::uint32_t>(index), nullptr, name.data(), nullptr);
-    return name.data();
+    const std::optional<ListedPreset> listed = library_.findEntry(kGroupApplication, 0, index);
+    return listed ? listed->name : std::string();
 }
 
 bool PresetStore::hintsShown()

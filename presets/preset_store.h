@@ -1,9 +1,11 @@
 #pragma once
 
 #include "host/master/base_preset_store.h"
+#include "platform/clock.h"
 #include "presets/compare_side.h"
 #include "presets/preset_block.h"
 #include "presets/preset_file.h"
+#include "presets/undo_ring.h"
 
 #include <atomic>
 #include <cstdint>
@@ -14,15 +16,26 @@
 
 namespace velmora {
 
+class PresetLibrary;
 class QORMasterController;
+class SaveDialog;
+PresetLibrary& initPresetLibrary();
 
-/// The whole state of an instance as presets: what the user hears, what it is compared with, and the bank
-/// that the host stores. `onParameterChanged` may run on the audio thread, one call at a time; everything
-/// else belongs to the main thread and may run meanwhile.
+using TickSource = std::uint32_t (*)(); ///< milliseconds, may wrap
+
+/// The whole state of an instance as presets: what the user hears, what it is compared with, the steps of
+/// undo, and the bank that the host stores.
+///
+/// `onParameterChanged` may run on the audio thread; whoever calls it holds the claim that `BulkScope` takes.
+/// Everything else belongs to the main thread: what changes values or steps takes a `BulkScope` itself, what
+/// only reads may run beside the audio thread.
 class PresetStore final : public QORBasePresetStore {
 public:
+    enum class Side { A, B };
+
     /// Takes the user's zoom and hints from the stored settings, and all values from the factory bank.
-    explicit PresetStore(QORMasterController& master);
+    explicit PresetStore(QORMasterController& master, PresetLibrary& library = initPresetLibrary(),
+                         TickSource ticks = tickMilliseconds);
     /// Stores zoom and hints.
     ~PresetStore() override;
     PresetStore(const PresetStore&) = delete;
@@ -39,6 +52,43 @@ public:
     void applyPreset(const Preset& preset);
     /// Every change of a parameter, on its way to all others, comes here. Never waits or allocates.
     void onParameterChanged(std::int32_t id, double value);
+
+    /// The place in the lists that `current` came from.
+    const ListPosition& position() const { return position_; }
+    /// Moves of the user through the lists; each is one step of undo. Another group shows its first folder,
+    /// another folder no preset yet; neither loads anything.
+    void selectGroup(std::int32_t group);
+    void selectFolder(std::int32_t folder);
+    /// Loads an entry of the folder. One that can't be loaded leaves the values and shows its failure as the
+    /// name.
+    void selectEntry(std::int32_t index);
+    void nudgePrevious();
+    void nudgeNext();
+    /// Brackets a move that is made of several.
+    void beginPresetStep();
+    void endPresetStep();
+
+    void undo();
+    void redo();
+    /// Any thread.
+    bool canUndo() const { return ring_.canUndo(); }
+    bool canRedo() const { return ring_.canRedo(); }
+
+    /// Makes a side the current one, and heard.
+    void selectSide(Side side);
+    /// Copies the active side over the other.
+    void copyCompareSide();
+    Side activeSide() const { return &side() == &sideA_ ? Side::A : Side::B; }
+    const LivePreset& compareA() const { return sideA_.preset; }
+    const LivePreset& compareB() const { return sideB_.preset; }
+
+    /// The clipboard is the user's: all instances in all processes share it. What it can't take or give, or
+    /// what is damaged, changes nothing.
+    void copyToClipboard();
+    void pasteFromClipboard();
+
+    /// Asks where to and saves `current`. @return false if nothing was saved.
+    bool saveCurrentPreset(SaveDialog& dialog);
 
     PresetFileStatus loadPresetFile(const std::string& path, int swapMode, Preset* out) const;
     /// @return false if the file can't be written.
@@ -59,7 +109,8 @@ public:
     std::string listEntryName(std::int32_t index) const;
 
     std::span<const Preset> bank() const { return bank_; }
-    std::int32_t slotSelected() const { return slotSelected_; } ///< -1: the preset came from a chunk
+    /// The entry of the lists, -1 if the preset came from a chunk or the clipboard.
+    std::int32_t slotSelected() const { return position_.entry; }
     std::int32_t auxValue() const { return settings_.auxValue; }
     std::int32_t zoomPercent() const { return settings_.zoomPercent; }
     /// Hover hints of the editor, one switch for all instances of the process.
@@ -67,19 +118,27 @@ public:
     static void setHintsShown(bool shown);
 
 private:
+    void loadPosition();
+    void goTo(const ListPosition& position);
+    void restore(const Preset& preset);
     CompareSide& side() const { return *active_.load(std::memory_order_relaxed); }
     void takeSettings(const BlockSettings& settings);
     void sendSettings();
 
     QORMasterController& master_;
+    PresetLibrary& library_;
+    const TickSource ticks_;
     CompareSide sideA_;
     CompareSide sideB_;
     std::atomic<CompareSide*> active_{&sideA_};
     std::atomic<bool> applying_{false};
+    std::atomic<bool> undoing_{false};
+    UndoRing ring_;
+    ListPosition position_;
+    Preset clipboardPreset_;
 
     std::vector<Preset> bank_;
     Preset defaultPreset_;
-    std::int32_t slotSelected_ = 0;
     BlockSettings settings_;
 };
 

@@ -81,8 +81,32 @@ public:
             for (int i = 0; i < 20; ++i) automate(random);
             effect.setProgramName(rounds % 2 == 0 ? "One" : "Another");
             effect.setChunk(saved.data(), static_cast<std::intptr_t>(saved.size()), false);
+            for (int i = 0; i < 4; ++i) moveThroughPresets(random);
             effect.idleEditor();
             ++rounds;
+        }
+    }
+
+    void moveThroughPresets(std::mt19937& random)
+    {
+        PresetStore& store = *effect.getMasterController().store();
+        switch (random() % 8) {
+        case 0:
+            return store.selectEntry(static_cast<std::int32_t>(random() % 235));
+        case 1:
+            return store.nudgeNext();
+        case 2:
+        case 3:
+            return store.undo();
+        case 4:
+            return store.redo();
+        case 5:
+            return store.selectSide(random() % 2 == 0 ? PresetStore::Side::A : PresetStore::Side::B);
+        case 6:
+            return store.copyCompareSide();
+        default:
+            store.copyToClipboard();
+            store.pasteFromClipboard();
         }
     }
 

@@ -126,7 +126,7 @@ TEST_F(ChunkBlock, LoadsInBothByteOrdersAndIsWrittenBackTheSame)
         ASSERT_EQ(load(block), BlockLoad::Loaded);
         expectCurrentIs(presets_[0]);
         EXPECT_TRUE(sameStoredValues(store_.bank()[2], presets_[2]));
-        EXPECT_EQ(store_.bank()[3].title(), "Init");
+        EXPECT_EQ(store_.bank()[3].title(), "Smacka 808 BD");
         EXPECT_EQ(master_.sent, (Sent{{819, 7.0}, {849, 1.3}}));
         Bytes written(kChunkBlock);
         ASSERT_EQ(store_.writeChunkBlock(written), kChunkBlock);

@@ -24,7 +24,9 @@ TEST(PresetStore, StartsAsTheFactoryDefault)
 
     EXPECT_EQ(store.listEntryName(0), "Default");
     EXPECT_EQ(store.listEntryName(1), "Let's start from scratc");
-    for (const std::int32_t beyond : {-1, 512, std::numeric_limits<std::int32_t>::max()})
+    EXPECT_EQ(store.listEntryName(232), "Transient Distorted");
+    EXPECT_EQ(store.listEntryName(234), "Init");
+    for (const std::int32_t beyond : {-1, 235, 512, std::numeric_limits<std::int32_t>::max()})
         EXPECT_EQ(store.listEntryName(beyond), "");
 }
 

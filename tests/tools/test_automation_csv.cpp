@@ -1,6 +1,6 @@
 #include "tests/support/signals.h"
 #include "tools/render/automation_csv.h"
-#include "tools/render/user_error.h"
+#include "tools/common/user_error.h"
 
 #include <gtest/gtest.h>
 

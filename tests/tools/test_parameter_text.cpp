@@ -1,6 +1,6 @@
 #include "tools/render/automation_plan.h"
 #include "tools/render/parameter_text.h"
-#include "tools/render/user_error.h"
+#include "tools/common/user_error.h"
 
 #include <gtest/gtest.h>
 

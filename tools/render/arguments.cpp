@@ -1,10 +1,7 @@
 #include "tools/render/arguments.h"
 
-#include "tools/render/user_error.h"
-
-#include <CLI/CLI.hpp>
-
-#include <iostream>
+#include "tools/common/command_line.h"
+#include "tools/common/user_error.h"
 
 namespace velmora::render {
 
@@ -13,22 +10,17 @@ namespace {
 constexpr int kMaxBlock = 65536;
 constexpr double kMaxTail = 3600.0;
 
-/// The library words some of its messages over several lines.
-std::string oneLine(std::string text)
-{
-    for (char& c : text)
-        if (c == '\n' || c == '\r') c = ' ';
-    while (!text.empty() && text.back() == ' ') text.pop_back();
-    return text;
-}
-
 void addOptions(CLI::App& app, Arguments& arguments)
 {
     app.add_option("IN", arguments.input, "Recording to process (WAV, FLAC), 44100 to 384000 Hz");
     app.add_option("OUT", arguments.output, "Result: .wav (32-bit float) or .flac (24-bit)");
     app.add_option("--side-chain", arguments.sideChain, "Key signal for the side-chain inputs, at IN's rate")
         ->type_name("FILE");
-    app.add_option("--preset", arguments.preset, "Preset to start from")->type_name("FILE.qor");
+    CLI::Option* file =
+        app.add_option("--preset", arguments.preset, "Preset to start from")->type_name("FILE.qor");
+    app.add_option("--factory", arguments.factory, "Factory preset to start from")
+        ->type_name("NAME|ID")
+        ->excludes(file);
     app.add_option("--set", arguments.settings,
                    "Set a parameter by its name and a text, e.g. \"Mstr:Gain=-6\"; may be repeated")
         ->type_name("NAME=TEXT")
@@ -61,14 +53,7 @@ std::optional<Arguments> parseArguments(int argc, const char* const* argv)
     CLI::App app("Runs a recording through the QOR Velmora Mono plug-in, by its VST interface.",
                  "velmora-render");
     addOptions(app, arguments);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::CallForHelp&) {
-        std::cout << app.help();
-        return std::nullopt;
-    } catch (const CLI::ParseError& error) {
-        throw UserError(oneLine(error.what()) + "; velmora-render --help shows the options");
-    }
+    if (!parseCommandLine(app, argc, argv)) return std::nullopt;
     if (!arguments.listParameters && (arguments.input.empty() || arguments.output.empty()))
         throw UserError("two files are needed, IN and OUT, as in: velmora-render voice.wav louder.wav --set "
                         "\"Mstr:Gain=6\"");

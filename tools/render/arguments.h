@@ -16,6 +16,7 @@ struct Arguments {
     std::filesystem::path automation;
     std::filesystem::path savePreset;
     std::filesystem::path plugin;
+    std::string factory;               ///< name or id of a factory preset
     std::vector<std::string> settings; ///< "Name=text", in the order given
     int block = 512;                   ///< frames
     bool doublePrecision = false;

@@ -1,6 +1,6 @@
 #include "tools/render/audio_file.h"
 
-#include "tools/render/user_error.h"
+#include "tools/common/user_error.h"
 
 #include <algorithm>
 #include <cctype>

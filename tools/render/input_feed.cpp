@@ -1,6 +1,6 @@
 #include "tools/render/input_feed.h"
 
-#include "tools/render/user_error.h"
+#include "tools/common/user_error.h"
 
 #include <algorithm>
 #include <string>

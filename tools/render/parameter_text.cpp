@@ -1,12 +1,12 @@
 #include "tools/render/parameter_text.h"
 
-#include "tools/render/user_error.h"
+#include "tools/common/nearest_text.h"
+#include "tools/common/user_error.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <functional>
-#include <numeric>
 
 namespace velmora::render {
 
@@ -111,26 +111,6 @@ std::optional<double> parseStrictly(const std::string& text, const Texts& texts)
     return shown || !answersEverything ? value : std::nullopt;
 }
 
-/// Number of single-character edits between two texts, letter case aside.
-std::size_t editDistance(std::string_view a, std::string_view b)
-{
-    const auto same = [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-    };
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (same(a[i - 1], b[j - 1]) ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 bool isSettable(ParameterId id)
 {
     return isAutomatable(id) || isStored(id);
@@ -153,17 +133,9 @@ std::string acceptedTexts(ParameterId id)
 
 std::string nearestParameter(std::string_view name)
 {
-    std::string best;
-    std::size_t bestDistance = 0;
-    for (const ParameterId id : settableParameters()) {
-        std::string candidate = parameterName(id);
-        const std::size_t distance = editDistance(name, candidate);
-        if (best.empty() || distance < bestDistance) {
-            best = std::move(candidate);
-            bestDistance = distance;
-        }
-    }
-    return best;
+    std::vector<std::string> names;
+    for (const ParameterId id : settableParameters()) names.push_back(parameterName(id));
+    return nearestText(name, names);
 }
 
 void ParameterTexts::follow(ParameterId id, double value)

@@ -1,6 +1,6 @@
 #include "tools/render/plugin_search.h"
 
-#include "tools/render/user_error.h"
+#include "tools/common/user_error.h"
 
 #include <cstdlib>
 #include <string>

@@ -2,7 +2,8 @@
 
 #include "presets/preset_block.h"
 #include "presets/preset_file.h"
-#include "tools/render/user_error.h"
+#include "presets/preset_library.h"
+#include "tools/common/user_error.h"
 
 #include <algorithm>
 #include <array>
@@ -40,15 +41,20 @@ Preset presetOfChunk(std::span<const std::uint8_t> chunk)
     return decodeBank(chunk).slots[0];
 }
 
-std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk,
-                                          const std::filesystem::path& presetFile)
+Preset readPresetFile(const std::filesystem::path& path)
+{
+    Preset preset = makeFactoryPreset(0);
+    const PresetFileStatus status = loadPresetFile(path.string(), 0, &preset);
+    if (status != PresetFileStatus::Loaded)
+        throw UserError("the preset " + path.string() + " can't be loaded: " +
+                        std::string(presetFileStatusText(status)) + "; a preset saved as .qor is wanted");
+    return preset;
+}
+
+std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk, const Preset& preset)
 {
     ChunkBank bank = decodeBank(chunk);
-    const PresetFileStatus status = loadPresetFile(presetFile.string(), 0, &bank.slots[0]);
-    if (status != PresetFileStatus::Loaded)
-        throw UserError("the preset " + presetFile.string() + " can't be loaded: " +
-                        std::string(presetFileStatusText(status)) + "; a preset saved as .qor is wanted");
-
+    bank.slots[0] = preset;
     std::vector<std::uint8_t> result(kBlockOffset + blockSize(bank.slots.size()));
     std::copy_n(chunk.begin(), kBlockOffset, result.begin());
     ByteWriter out{std::span(result).subspan(kBlockOffset)};

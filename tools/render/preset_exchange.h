@@ -13,10 +13,11 @@ namespace velmora::render {
 /// strip.
 Preset presetOfChunk(std::span<const std::uint8_t> chunk);
 
-/// A state chunk like `chunk`, but with the values of a preset file. Throws UserError for a file that is no
-/// preset.
-std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk,
-                                          const std::filesystem::path& presetFile);
+/// The preset of a file. Throws UserError for a file that is no preset.
+Preset readPresetFile(const std::filesystem::path& path);
+
+/// A state chunk like `chunk`, but with the values of a preset.
+std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk, const Preset& preset);
 
 /// The bytes of a preset file.
 std::vector<std::uint8_t> presetFileBytes(const Preset& preset);

@@ -1,5 +1,8 @@
 #include "tools/render/render_session.h"
 
+#include "presets/preset_library.h"
+#include "tools/common/factory_lookup.h"
+#include "tools/common/user_error.h"
 #include "tools/host/private_home.h"
 #include "tools/render/audio_file.h"
 #include "tools/render/automation_plan.h"
@@ -10,7 +13,6 @@
 #include "tools/render/preset_exchange.h"
 #include "tools/render/progress_bar.h"
 #include "tools/render/strip_channels.h"
-#include "tools/render/user_error.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,10 +45,18 @@ void refuseToOverwrite(const Arguments& arguments)
         throw UserError("OUT and --save-preset name the same file; choose another name");
 }
 
+std::optional<Preset> startingPreset(const Arguments& arguments)
+{
+    if (!arguments.preset.empty()) return readPresetFile(arguments.preset);
+    if (!arguments.factory.empty()) return makeFactoryPreset(findFactoryPreset(arguments.factory));
+    return std::nullopt;
+}
+
 /// Preset, then settings, in the order of the command line.
 ParameterTexts applySettings(const Arguments& arguments, StripChannels& strips)
 {
-    if (!arguments.preset.empty()) strips.setChunk(chunkWithPreset(strips.first().chunk(), arguments.preset));
+    if (const std::optional<Preset> start = startingPreset(arguments))
+        strips.setChunk(chunkWithPreset(strips.first().chunk(), *start));
     ParameterTexts texts;
     for (const Role role : {Role::InsertX, Role::InsertY}) {
         const ParameterId type = roleWindow(role).windowBase;

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace velmora::render {
+namespace velmora {
 
 /// Something that the user can put right: one line that says what was wrong and what would be right.
 class UserError : public std::runtime_error {
@@ -10,4 +10,4 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-} // namespace velmora::render
+} // namespace velmora
