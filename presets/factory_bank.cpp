@@ -98,12 +98,9 @@ const FactoryTableRow* findTableRow(std::uint32_t id)
 
 void fillFromTable(const FactoryTableRow& row, double* values)
 {
-    std::size_t index = 0;
-    for (ParameterId id = 0; id < kHostParameterCount; ++id) {
-        if (!isStored(id)) continue;
-        const std::int16_t value = row.values[index++];
-        if (value != kLeftAlone) values[id] = value / kTableSteps;
-    }
+    const auto ids = factoryIds();
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        if (row.values[i] != kLeftAlone) values[ids[i]] = row.values[i] / kTableSteps;
 }
 
 void fillFromDefaults(std::uint32_t id, double* values)

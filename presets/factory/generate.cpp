@@ -1,3 +1,4 @@
+#include "params/catalogue.h"
 #include "presets/factory/factory_names.h"
 #include "presets/factory/row_builder.h"
 
@@ -43,14 +44,18 @@ void checkComplete(const RowsById& rows, Faults& faults)
 void writeSource(std::ostream& out, const RowsById& rows)
 {
     out << "#include \"presets/factory/table_row.h\"\n\nnamespace velmora {\nnamespace {\n\n"
-        << "constexpr std::array<FactoryTableRow, " << rows.size() << "> kRows{{\n";
+        << "constexpr std::array<std::int16_t, kStoredIdCount> kIds{";
+    for (ParameterId id = 0; id < kHostParameterCount; ++id)
+        if (isStored(id)) out << id << ", ";
+    out << "};\n\nconstexpr std::array<FactoryTableRow, " << rows.size() << "> kRows{{\n";
     for (const auto& [id, row] : rows) {
         out << "    // " << kFactoryNames[id] << "\n    {" << id << ", " << row.designer << ", {";
         for (const std::int16_t value : row.values) out << value << ", ";
         out << "}},\n";
     }
     out << "}};\n\n} // namespace\n\nstd::span<const FactoryTableRow> factoryTable() noexcept\n{\n"
-        << "    return kRows;\n}\n\n} // namespace velmora\n";
+        << "    return kRows;\n}\n\nstd::span<const std::int16_t, kStoredIdCount> factoryIds() noexcept\n{\n"
+        << "    return kIds;\n}\n\n} // namespace velmora\n";
 }
 
 int run(const std::vector<std::string>& arguments)

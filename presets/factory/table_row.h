@@ -21,6 +21,8 @@ struct FactoryTableRow {
     std::array<std::int16_t, kStoredIdCount> values; ///< by stored id, in rising order
 };
 
+/// The stored ids, in the order of a row's values.
+std::span<const std::int16_t, kStoredIdCount> factoryIds() noexcept;
 /// All presets that are written in the texts, in rising order of their ids.
 std::span<const FactoryTableRow> factoryTable() noexcept;
 
