@@ -4,13 +4,20 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <algorithm>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace velmora::test {
 namespace {
+
+std::string digitsAsZeros(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](char c) { return c >= '0' && c <= '9'; }, '0');
+    return text;
+}
 
 class Clipboard : public ::testing::Test {
 protected:
@@ -33,7 +40,7 @@ TEST_F(Clipboard, TwoInstancesShareIt)
     other.change(41, 0.1);
     other.store.pasteFromClipboard();
     EXPECT_TRUE(sameStoredValues(other.current(), session.current()));
-    EXPECT_TRUE(std::regex_match(other.store.currentName(), std::regex("clipboard \\d\\d:\\d\\d:\\d\\d")));
+    EXPECT_EQ(digitsAsZeros(other.store.currentName()), "clipboard 00:00:00");
     EXPECT_FALSE(other.store.isDirty());
     EXPECT_EQ(other.store.position().entry, -1);
     EXPECT_TRUE(other.engineFollows());
