@@ -1,5 +1,7 @@
 #include "engine/strip_effect.h"
 
+#include "params/catalogue.h"
+
 namespace velmora {
 
 namespace {
@@ -15,6 +17,12 @@ double meterRate(double milliseconds, double sampleRate, double residue)
 }
 
 } // namespace
+
+void StripEffect::writeDefaults(std::int32_t code)
+{
+    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
+        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(code, offset));
+}
 
 void StripEffect::processThrough(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
 {

@@ -64,6 +64,9 @@ protected:
     /// Type parameter of a fixed module: variant 0..15.
     static std::int32_t decodeType(double value) { return decodeStep(value, 15.0); }
 
+    /// Writes the defaults of a Type code's module to the relative ids 16..47.
+    void writeDefaults(std::int32_t code);
+
     /// Copies the input pair to every pair of the output mask, metered: input and output meters read alike.
     void processThrough(const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
 

@@ -1,7 +1,6 @@
 #include "modules/compressor/strip_effect_compressor.h"
 
 #include "dsp/flush.h"
-#include "params/catalogue.h"
 #include "params/laws/compressor_laws.h"
 
 #include <algorithm>
@@ -100,8 +99,7 @@ void StripEffectCompressor::setParameter(std::uint32_t id, double value)
 
 void StripEffectCompressor::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kCompressorCode, offset));
+    writeDefaults(kCompressorCode);
 }
 
 void StripEffectCompressor::prepareBlock()

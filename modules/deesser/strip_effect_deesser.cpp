@@ -1,7 +1,7 @@
 #include "modules/deesser/strip_effect_deesser.h"
 
-#include "params/catalogue.h"
 #include "params/laws/special_laws.h"
+#include "params/type_codes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -92,8 +92,7 @@ void StripEffectDeesser::setParameter(std::uint32_t id, double value)
 
 void StripEffectDeesser::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kDeesserCode, offset));
+    writeDefaults(kDeesserCode);
 }
 
 void StripEffectDeesser::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

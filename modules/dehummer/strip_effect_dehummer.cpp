@@ -1,7 +1,7 @@
 #include "modules/dehummer/strip_effect_dehummer.h"
 
-#include "params/catalogue.h"
 #include "params/laws/special_laws.h"
+#include "params/type_codes.h"
 
 #include <algorithm>
 #include <array>
@@ -110,8 +110,7 @@ void StripEffectDehummer::updateFrequencies()
 
 void StripEffectDehummer::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kDehummerCode, offset));
+    writeDefaults(kDehummerCode);
 }
 
 void StripEffectDehummer::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

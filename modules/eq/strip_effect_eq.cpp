@@ -1,7 +1,6 @@
 #include "modules/eq/strip_effect_eq.h"
 
 #include "dsp/one_pole.h"
-#include "params/catalogue.h"
 #include "params/laws/equalizer_laws.h"
 
 #include <algorithm>
@@ -142,8 +141,7 @@ void StripEffectEq::enableBand(EqBand band)
 
 void StripEffectEq::loadDefaults()
 {
-    for (ParameterId r = kOwnOffset; r <= kLastOwnOffset; ++r)
-        setParameter(windowBase + static_cast<std::uint32_t>(r), moduleDefault(kTypeCode, r));
+    writeDefaults(kTypeCode);
 }
 
 void StripEffectEq::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

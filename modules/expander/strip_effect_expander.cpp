@@ -1,6 +1,5 @@
 #include "modules/expander/strip_effect_expander.h"
 
-#include "params/catalogue.h"
 #include "params/laws/dynamics_laws.h"
 
 #include <algorithm>
@@ -155,8 +154,7 @@ void StripEffectExpander::setOwnParameter(ParameterId offset, double value)
 
 void StripEffectExpander::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kDynamicsCode, offset));
+    writeDefaults(kDynamicsCode);
 }
 
 GainTiming StripEffectExpander::timingOfCall() const

@@ -1,6 +1,5 @@
 #include "modules/filters/strip_effect_filters.h"
 
-#include "params/catalogue.h"
 #include "params/laws/filters_laws.h"
 
 #include <algorithm>
@@ -133,8 +132,7 @@ void StripEffectFilters::setParameter(std::uint32_t id, double value)
 
 void StripEffectFilters::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kFiltersCode, offset));
+    writeDefaults(kFiltersCode);
 }
 
 void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

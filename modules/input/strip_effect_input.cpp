@@ -1,6 +1,5 @@
 #include "modules/input/strip_effect_input.h"
 
-#include "params/catalogue.h"
 #include "params/laws/preamp_laws.h"
 
 #include <algorithm>
@@ -132,9 +131,7 @@ void StripEffectInput::setAutoIn(double value)
 void StripEffectInput::loadDefaults()
 {
     constexpr std::int32_t kCode = 1; // the values of all five types are alike
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        StripEffectInput::setParameter(windowBase + static_cast<std::uint32_t>(offset),
-                                       moduleDefault(kCode, offset));
+    writeDefaults(kCode);
 }
 
 void StripEffectInput::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

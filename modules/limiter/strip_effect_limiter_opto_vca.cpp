@@ -1,6 +1,5 @@
 #include "modules/limiter/strip_effect_limiter_opto_vca.h"
 
-#include "params/catalogue.h"
 #include "params/laws/limiter_laws.h"
 
 #include <cmath>
@@ -128,8 +127,7 @@ void StripEffectLimiter_OptoVCA::setParameter(std::uint32_t id, double value)
 
 void StripEffectLimiter_OptoVCA::loadDefaults()
 {
-    for (ParameterId r = kOwnOffset; r <= kLastOwnOffset; ++r)
-        setParameter(windowBase + static_cast<std::uint32_t>(r), moduleDefault(kDefaultsCode, r));
+    writeDefaults(kDefaultsCode);
 }
 
 void StripEffectLimiter_OptoVCA::getMeter(std::uint32_t id, double* out)

@@ -1,7 +1,7 @@
 #include "modules/marlow/strip_effect_marlow.h"
 
-#include "params/catalogue.h"
 #include "params/laws/special_laws.h"
+#include "params/type_codes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -113,8 +113,7 @@ void StripEffectMarlow::setParameter(std::uint32_t id, double value)
 
 void StripEffectMarlow::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kMarlowCode, offset));
+    writeDefaults(kMarlowCode);
 }
 
 double StripEffectMarlow::detect(double key)

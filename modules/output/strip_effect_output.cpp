@@ -1,7 +1,6 @@
 #include "modules/output/strip_effect_output.h"
 
 #include "dsp/flush.h"
-#include "params/catalogue.h"
 #include "params/laws/output_laws.h"
 
 #include <algorithm>
@@ -118,8 +117,7 @@ void StripEffectOutput::setWindowParameter(ParameterId offset, double value)
 
 void StripEffectOutput::loadDefaults()
 {
-    for (ParameterId offset = kOwnOffset; offset <= kLastOwnOffset; ++offset)
-        setParameter(windowBase + static_cast<std::uint32_t>(offset), moduleDefault(kOutputCode, offset));
+    writeDefaults(kOutputCode);
 }
 
 void StripEffectOutput::measure(std::size_t channel, double magnitude)
