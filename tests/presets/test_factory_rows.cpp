@@ -173,6 +173,8 @@ TEST(FactoryRows, InsertsHoldEachModuleAsOftenAsTheBankWants)
             const double type = row.value(role, kTypeOffset);
             if (code == 230) {
                 EXPECT_EQ(type, 0.9023);
+                EXPECT_EQ(insertCodeInEngine(type), 230);
+                EXPECT_FALSE(findModuleType(code)) << "the insert stays empty";
                 unknown.push_back(row.id);
             } else {
                 EXPECT_EQ(insertCodeInEngine(type), code) << row.id;
