@@ -28,6 +28,9 @@ bool leavesAlone(IdSet ids, ParameterId id)
     return (ids != IdSet::All && in(kSaturationIds)) || (ids == IdSet::Few && in(kSwitchIds));
 }
 
+/// From here on no code is a module, and the value for a code reads as that code in the controller.
+constexpr double kFirstBareCode = 128.0;
+
 double rounded(double value)
 {
     return std::round(value * kTableSteps) / kTableSteps;
@@ -113,15 +116,16 @@ private:
         }
     }
 
-    /// A name of the type list, or "code N" for an insert that shall stay empty under a code of its own.
+    /// A name of the type list, or "code N", N from 128 to 254, for an insert that shall stay empty under a
+    /// code of its own.
     static std::optional<double> typeValue(const RoleWindow& window, std::string_view variant)
     {
         constexpr std::string_view kCode = "code ";
         if (!isInsert(window.role) || !variant.starts_with(kCode))
             return textToValue(window.windowBase + kTypeOffset, variant);
         const auto code = readNumber(variant.substr(kCode.size()));
-        if (!code || *code < 0.0 || *code > 254.0) return std::nullopt;
-        // Just below the next code in the engine's form, and this code in the controller's.
+        if (!code || *code < kFirstBareCode || *code > 254.0) return std::nullopt;
+        // The controller reads this code, the engine the next one.
         return std::floor((*code + 1.0) / 256.0 * kTableSteps) / kTableSteps;
     }
 

@@ -173,6 +173,9 @@ TEST(FactoryRows, InsertsHoldEachModuleAsOftenAsTheBankWants)
             const double type = row.value(role, kTypeOffset);
             if (code == 230) {
                 EXPECT_EQ(type, 0.9023);
+                // The engine reads 231 here: by either form the insert stays empty.
+                EXPECT_EQ(moduleKind(code), ModuleKind::Unknown);
+                EXPECT_EQ(moduleKind(insertCodeInEngine(type)), ModuleKind::Unknown);
                 unknown.push_back(row.id);
             } else {
                 EXPECT_EQ(insertCodeInEngine(type), code) << row.id;

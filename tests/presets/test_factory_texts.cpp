@@ -72,6 +72,7 @@ TEST(FactoryTexts, EveryFaultIsOneLineWithItsPlace)
         {kHead + "process 0.4\n", "4: process is a number of 0.5 to 1"},
         {kHead + "rack Pre\n", "4: a second rack line"},
         {kHead + "Pre Pre 75s\n", "4: no module of this role: \"Pre 75s\""},
+        {kHead + "InsX code 17\n", "4: no module of this role: \"code 17\""},
         {kHead + "Pre Gain\nPre Gain\n", "5: a second line for the same role"},
         {kHead + "EQ Sorrel; LO Gian 3\n", "4: no parameter for: \"LO Gian 3\""},
         {kHead + "EQ Sorrel; LO Gain 50\n", "4: refused: \"LO Gain 50\""},
