@@ -40,9 +40,10 @@ void PresetStore::endPresetStep()
 void PresetStore::selectGroup(std::int32_t group)
 {
     if (group == kGroupUser) library_.scanUserFolder();
+    if (group == position_.group) return;
     const BulkScope bulk(master_);
     beginPresetStep();
-    if (group != position_.group) position_ = {.group = group, .folder = 0, .entry = -1};
+    position_ = {.group = group, .folder = 0, .entry = -1};
     endPresetStep();
 }
 
