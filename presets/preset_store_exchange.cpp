@@ -15,7 +15,6 @@ namespace velmora {
 namespace {
 
 constexpr std::string_view kClipboardValue = "MemoA";
-constexpr std::size_t kSmallestBlock = 5; // magic and kind
 
 /// Sets the extension in place of one that differs in case, else behind the name: names have dots.
 std::string withExtension(std::string path)
@@ -48,7 +47,7 @@ void PresetStore::copyToClipboard()
 void PresetStore::pasteFromClipboard()
 {
     const auto block = SettingsStore().read(kClipboardValue);
-    if (!block || block->size() < kSmallestBlock) return;
+    if (!block) return;
     Preset pasted = clipboardPreset_;
     BlockHeader header;
     const BlockStatus status =

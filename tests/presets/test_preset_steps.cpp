@@ -39,6 +39,13 @@ TEST(PresetSteps, NudgesStopAtTheEndsAndLeaveNoStepThere)
     EXPECT_FALSE(store.canRedo());
     EXPECT_EQ(store.currentName(), "Init");
     EXPECT_TRUE(session.engineFollows());
+
+    store.selectEntry(std::numeric_limits<std::int32_t>::max());
+    store.nudgeNext();
+    EXPECT_EQ(store.position().entry, 234);
+    store.selectEntry(std::numeric_limits<std::int32_t>::min());
+    store.nudgePrevious();
+    EXPECT_EQ(store.position().entry, 0);
 }
 
 TEST(PresetSteps, AnEmptyFolderHasNothingToNudgeTo)
