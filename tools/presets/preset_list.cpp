@@ -63,7 +63,7 @@ void listUserPresets(std::ostream& out)
     std::error_code error;
     if (std::filesystem::directory_iterator(library.userRoot(), error); error)
         throw UserError("the user's folder " + library.userRoot() + " can't be read (" + error.message() +
-                        "); HOME must name a folder that can be written");
+                        "); USERPROFILE or HOME must name a folder that can be written");
     const std::int32_t count = library.entryCount(kGroupUser, 0);
     for (std::int32_t entry = 0; entry < count; ++entry)
         if (const auto listed = library.findEntry(kGroupUser, 0, entry)) out << listed->path << '\n';
