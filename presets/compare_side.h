@@ -9,7 +9,7 @@
 namespace velmora {
 
 /// A preset whose values the audio thread changes while others read: each value is an atomic word of its own.
-/// The name belongs to the main thread.
+/// The name changes under the claim alone, for a new step of undo copies it on whatever thread.
 class LivePreset {
 public:
     PresetName name{};

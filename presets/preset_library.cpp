@@ -77,13 +77,6 @@ void PresetLibrary::scanUserFolder()
     groups_[kGroupUser] = std::move(scanned);
 }
 
-const PresetFolder* PresetGroup::find(std::int32_t index) const
-{
-    if (index >= 0 && static_cast<std::size_t>(index) < folders.size())
-        return &folders[static_cast<std::size_t>(index)];
-    return index == kMainFolderIndex && !mainFolder.name.empty() ? &mainFolder : nullptr;
-}
-
 const PresetFolder* PresetLibrary::findFolder(std::int32_t group, std::int32_t folder) const
 {
     if (group < 0 || group >= kPresetGroups) return nullptr;

@@ -37,7 +37,12 @@ struct PresetGroup {
     PresetFolder mainFolder; ///< of the user's group
 
     /// @return null for an index that holds no folder.
-    const PresetFolder* find(std::int32_t index) const;
+    const PresetFolder* find(std::int32_t index) const
+    {
+        if (index >= 0 && static_cast<std::size_t>(index) < folders.size())
+            return &folders[static_cast<std::size_t>(index)];
+        return index == kMainFolderIndex && !mainFolder.name.empty() ? &mainFolder : nullptr;
+    }
 };
 
 /// Folders of the factory's categories and designers, their presets in the order of their ids.

@@ -80,6 +80,7 @@ BlockLoad PresetStore::readChunkBlock(std::span<const std::uint8_t> block)
     if (block.size() < kBlockPrefixSize || !isBlockPrefix(block.first(kBlockPrefixSize)))
         return BlockLoad::Refused;
 
+    const BulkScope bulk(master_);
     std::vector<Preset> loaded = bank_;
     BlockHeader header;
     const BlockStatus status = decodeBlock(block.subspan(kBlockPrefixSize), {.kind = BlockKind::Bank}, header,
@@ -165,6 +166,7 @@ std::string PresetStore::currentName() const
 
 void PresetStore::setCurrentName(std::string_view name)
 {
+    const BulkScope bulk(master_); // a new step of undo copies the name
     side().preset.name = makePresetName(name);
 }
 

@@ -27,8 +27,8 @@ using TickSource = std::uint32_t (*)(); ///< milliseconds, may wrap
 /// undo, and the bank that the host stores.
 ///
 /// `onParameterChanged` may run on the audio thread; whoever calls it holds the claim that `BulkScope` takes.
-/// Everything else belongs to the main thread: what changes values or steps takes a `BulkScope` itself, what
-/// only reads may run beside the audio thread.
+/// Everything else belongs to the main thread: what changes values, steps or the name takes a `BulkScope`
+/// itself, what only reads may run beside the audio thread.
 class PresetStore final : public QORBasePresetStore {
 public:
     enum class Side { A, B };
@@ -56,7 +56,7 @@ public:
     /// The place in the lists that `current` came from.
     const ListPosition& position() const { return position_; }
     /// Moves of the user through the lists; each is one step of undo. Another group shows its first folder,
-    /// another folder no preset yet; neither loads anything.
+    /// another folder no preset yet; neither loads anything. The group that is shown already makes no step.
     void selectGroup(std::int32_t group);
     void selectFolder(std::int32_t folder);
     /// Loads an entry of the folder. One that can't be loaded leaves the values and shows its failure as the

@@ -9,20 +9,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace velmora {
 namespace {
 
 constexpr std::string_view kClipboardValue = "MemoA";
-constexpr std::size_t kSmallestBlock = 5; // magic and kind
-
-/// The name of a file for a preset of any name.
-std::string fileNameFor(std::string presetName)
-{
-    if (presetName.empty()) presetName = "current";
-    std::ranges::replace(presetName, '/', '-');
-    return presetName.append(kPresetExtension);
-}
 
 /// Sets the extension in place of one that differs in case, else behind the name: names have dots.
 std::string withExtension(std::string path)
@@ -33,6 +25,14 @@ std::string withExtension(std::string path)
         std::ranges::equal(std::string_view(path).substr(path.size() - length), kPresetExtension, sameLetter))
         path.resize(path.size() - length);
     return path.append(kPresetExtension);
+}
+
+/// The name of a file for a preset of any name.
+std::string fileNameFor(std::string presetName)
+{
+    if (presetName.empty()) presetName = "current";
+    std::ranges::replace(presetName, '/', '-');
+    return withExtension(std::move(presetName));
 }
 
 } // namespace
@@ -47,7 +47,7 @@ void PresetStore::copyToClipboard()
 void PresetStore::pasteFromClipboard()
 {
     const auto block = SettingsStore().read(kClipboardValue);
-    if (!block || block->size() < kSmallestBlock) return;
+    if (!block) return;
     Preset pasted = clipboardPreset_;
     BlockHeader header;
     const BlockStatus status =

@@ -4,8 +4,6 @@
 #include "presets/preset_library.h"
 #include "presets/preset_store.h"
 
-#include <algorithm>
-
 namespace velmora {
 namespace {
 
@@ -40,9 +38,10 @@ void PresetStore::endPresetStep()
 void PresetStore::selectGroup(std::int32_t group)
 {
     if (group == kGroupUser) library_.scanUserFolder();
+    if (group == position_.group) return;
     const BulkScope bulk(master_);
     beginPresetStep();
-    if (group != position_.group) position_ = {.group = group, .folder = 0, .entry = -1};
+    position_ = {.group = group, .folder = 0, .entry = -1};
     endPresetStep();
 }
 
@@ -65,13 +64,13 @@ void PresetStore::selectEntry(std::int32_t index)
 
 void PresetStore::nudgePrevious()
 {
-    selectEntry(std::max(position_.entry - 1, 0));
+    selectEntry(position_.entry >= 1 ? position_.entry - 1 : 0);
 }
 
 void PresetStore::nudgeNext()
 {
     const std::int32_t last = library_.entryCount(position_.group, position_.folder) - 1;
-    selectEntry(std::min(position_.entry + 1, last));
+    selectEntry(position_.entry < last ? position_.entry + 1 : last);
 }
 
 void PresetStore::loadPosition()

@@ -87,11 +87,10 @@ PresetGroup scanUserPresets(const std::string& root, DebugOutput output)
     for (const std::string& name : listSubfolders(root))
         group.folders.push_back(scan(root + '/' + name, name, ++index));
 
-    PresetFolder all = std::move(group.folders[0]);
+    PresetFolder& all = group.folders[0];
     addTo(all, group.mainFolder);
     for (std::size_t i = 1; i < group.folders.size(); ++i) addTo(all, group.folders[i]);
     std::ranges::sort(all.entries, entryPrecedes);
-    group.folders[0] = std::move(all);
     return group;
 }
 

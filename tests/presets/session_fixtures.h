@@ -16,10 +16,15 @@ public:
         heard[id] = value;
         RecordingMaster::setParameter(id, value);
     }
-    void beginBulk() override { ++depth; }
+    void beginBulk() override
+    {
+        ++depth;
+        ++claims;
+    }
     void endBulk() override { --depth; }
 
     int depth = 0;
+    int claims = 0; ///< taken so far
     std::map<std::int32_t, double> heard;
 };
 

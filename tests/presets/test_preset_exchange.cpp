@@ -143,6 +143,9 @@ TEST(SavePreset, AsksForAPathAndListsWhatItSaved)
     EXPECT_EQ(dialog.asked.suggestedName, "Take 1-2.qor");
     EXPECT_EQ(dialog.asked.typeName, "QOR Preset");
     EXPECT_EQ(dialog.asked.extension, "qor");
+    session.store.setCurrentName("Loaded.qor"); // as some other program may have named it
+    EXPECT_FALSE(session.store.saveCurrentPreset(dialog));
+    EXPECT_EQ(dialog.asked.suggestedName, "Loaded.qor");
     session.store.setCurrentName("");
     for (const char* name : {"plain", "Take 1.5", "given.qor", "loud.QOR"}) {
         dialog.answer = (session.user.root / name).string();

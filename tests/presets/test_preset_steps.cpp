@@ -39,6 +39,13 @@ TEST(PresetSteps, NudgesStopAtTheEndsAndLeaveNoStepThere)
     EXPECT_FALSE(store.canRedo());
     EXPECT_EQ(store.currentName(), "Init");
     EXPECT_TRUE(session.engineFollows());
+
+    store.selectEntry(std::numeric_limits<std::int32_t>::max());
+    store.nudgeNext();
+    EXPECT_EQ(store.position().entry, 234);
+    store.selectEntry(std::numeric_limits<std::int32_t>::min());
+    store.nudgePrevious();
+    EXPECT_EQ(store.position().entry, 0);
 }
 
 TEST(PresetSteps, AnEmptyFolderHasNothingToNudgeTo)
@@ -102,6 +109,33 @@ TEST(PresetSteps, AFileThatWentAwayLeavesTheValuesAndCanBeUndone)
     EXPECT_TRUE(sameBytes(session.current(), edited));
 }
 
+TEST(PresetSteps, TheGroupThatIsShownAlreadyLeavesTheHistoryAlone)
+{
+    PresetSession session;
+    for (const std::int32_t entry : {1, 2, 3, 4, 5, 6, 7, 8}) session.store.selectEntry(entry);
+    session.store.undo();
+    session.store.undo();
+    session.store.selectGroup(kGroupApplication);
+    EXPECT_EQ(session.store.position().entry, 6);
+    EXPECT_TRUE(session.store.canRedo());
+    session.store.redo();
+    EXPECT_EQ(session.store.position().entry, 7);
+    for (int step = 0; step < 6; ++step) {
+        EXPECT_TRUE(session.store.canUndo()) << step;
+        session.store.undo();
+    }
+    EXPECT_FALSE(session.store.canUndo());
+    EXPECT_EQ(session.store.position().entry, 1);
+}
+
+TEST(PresetSteps, AStepOfAnotherThreadNeverSeesHalfAName)
+{
+    PresetSession session;
+    const int before = session.master.claims;
+    session.store.setCurrentName("Mine");
+    EXPECT_EQ(session.master.claims, before + 1);
+}
+
 TEST(CompareSides, EachKeepsItsOwnValuesAndMark)
 {
     PresetSession session;
@@ -135,10 +169,7 @@ TEST(CompareSides, AChunkLoadsBothAndLeavesTheHistory)
     Bytes block(18985);
     ASSERT_EQ(session.store.writeChunkBlock(block), block.size());
     session.change(41, 0.3);
-    {
-        const BulkScope bulk(session.master); // as the adapter does
-        ASSERT_EQ(session.store.readChunkBlock(block), BlockLoad::Loaded);
-    }
+    ASSERT_EQ(session.store.readChunkBlock(block), BlockLoad::Loaded);
     EXPECT_EQ(session.store.activeSide(), Side::B);
     EXPECT_TRUE(sameBytes(session.store.compareA().snapshot(), session.store.compareB().snapshot()));
     EXPECT_EQ(session.store.position().entry, -1);

@@ -99,6 +99,34 @@ TEST_F(PresetsTool, SaysWhyAFileIsNoPreset)
     expectRefused(presets({"export", file("song.wav")}), "song.wav");
 }
 
+TEST_F(PresetsTool, ListsTheUsersFilesOrSaysWhyItCannot)
+{
+    const ScopedEnvironment noProfile("USERPROFILE", std::nullopt);
+    const ScopedEnvironment home("HOME", folder.path().string());
+    const std::string root = file("Documents/Qorvane/User Presets/QOR Velmora/");
+    EXPECT_NE(presets({"list", "--user"}).out.find("no presets in "), std::string::npos);
+    std::filesystem::create_directory(root + "Sub");
+    writeText(root + "Sub/Mine.qor", "");
+    EXPECT_EQ(presets({"list", "--user"}).out, root + "Sub/Mine.qor\n");
+    for (int i = 0; i < 600; ++i) writeText(root + std::to_string(i) + ".qor", "");
+    const std::string many = presets({"list", "--user"}).out;
+    EXPECT_EQ(lines(many), 513);
+    EXPECT_TRUE(many.ends_with("\nno more than 512 are listed\n"));
+
+    const ScopedEnvironment lost("HOME", file("nowhere"));
+    expectRefused(presets({"list", "--user"}), "HOME");
+}
+
+TEST_F(PresetsTool, ShowsAStrangersNameAsCleanText)
+{
+    EXPECT_EQ(presets({"export", file("all")}).status, 0);
+    std::fstream(file("all/005 Kick B52.qor"), std::ios::in | std::ios::out | std::ios::binary)
+        .seekp(41 + 12) // of the first record's payload
+        .write("\x1B[2J \xC2\x9B \xFF M\xC3\xBC\0", 14);
+    const ProgramResult result = presets({"check", file("all/005 Kick B52.qor")});
+    EXPECT_NE(result.out.find("\"?[2J ?? ? M\xC3\xBC\""), std::string::npos) << result.out;
+}
+
 TEST_F(PresetsTool, TheRendererStartsFromTheFactoryBank)
 {
     writeRecording(file("in.wav"), {48000, {noise(24000, 0.2, 1)}});

@@ -1,5 +1,6 @@
 #include "tools/common/factory_lookup.h"
 
+#include "presets/factory/factory_names.h"
 #include "tools/common/nearest_text.h"
 #include "tools/common/user_error.h"
 
@@ -44,17 +45,17 @@ FactoryListing factoryListing(std::uint32_t id)
 std::vector<FactoryListing> factoryListings()
 {
     std::vector<FactoryListing> all;
-    all.reserve(kFactoryPresets);
-    for (std::uint32_t id = 0; id < kFactoryPresets; ++id) all.push_back(factoryListing(id));
+    all.reserve(kFactoryPresetCount);
+    for (std::uint32_t id = 0; id < kFactoryPresetCount; ++id) all.push_back(factoryListing(id));
     return all;
 }
 
 std::uint32_t findFactoryPreset(const std::string& nameOrId)
 {
     if (const std::optional<std::uint32_t> id = readId(nameOrId)) {
-        if (*id < kFactoryPresets) return *id;
+        if (*id < kFactoryPresetCount) return *id;
         throw UserError("there is no factory preset " + nameOrId + "; ids go from 0 to " +
-                        std::to_string(kFactoryPresets - 1));
+                        std::to_string(kFactoryPresetCount - 1));
     }
     std::vector<FactoryListing> found;
     std::vector<std::string> names;

@@ -9,9 +9,6 @@
 
 namespace velmora {
 
-/// Presets of the factory bank: ids 0 .. this - 1.
-inline constexpr std::uint32_t kFactoryPresets = 233;
-
 /// A factory preset as a user sees it listed. Texts are empty where it has none.
 struct FactoryListing {
     std::uint32_t id;

@@ -1,27 +1,16 @@
 #include "tools/presets/preset_check.h"
 
 #include "params/catalogue.h"
+#include "presets/list_text.h"
 #include "presets/preset_file.h"
 #include "presets/preset_library.h"
 
-#include <algorithm>
 #include <ostream>
 #include <string>
 
 namespace velmora::presets_tool {
 
 namespace {
-
-// Names come from strangers: what could command a terminal is shown as a question mark.
-std::string printable(std::string_view name)
-{
-    constexpr unsigned char kFirstPrintable = 0x20;
-    constexpr unsigned char kDelete = 0x7F;
-    std::string text(name);
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < kFirstPrintable || c == kDelete; }, '?');
-    return text;
-}
 
 int changedValues(const Preset& preset)
 {
@@ -42,7 +31,7 @@ bool checkPresetFiles(std::ostream& out, const std::vector<std::filesystem::path
         const PresetFileStatus status = loadPresetFile(file.string(), 0, &preset);
         out << file.string() << ": ";
         if (status == PresetFileStatus::Loaded)
-            out << '"' << printable(preset.title()) << "\", " << changedValues(preset)
+            out << '"' << shownText(preset.title(), kPresetNameSize) << "\", " << changedValues(preset)
                 << " values other than the defaults\n";
         else
             out << "no preset: " << presetFileStatusText(status) << '\n';

@@ -6,6 +6,7 @@
 #include "tools/common/user_error.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iomanip>
 #include <ostream>
 #include <vector>
@@ -58,11 +59,16 @@ void listFactoryPresets(std::ostream& out, const std::string& category, const st
 
 void listUserPresets(std::ostream& out)
 {
-    PresetLibrary& library = initPresetLibrary();
+    const PresetLibrary& library = initPresetLibrary();
+    std::error_code error;
+    if (std::filesystem::directory_iterator(library.userRoot(), error); error)
+        throw UserError("the user's folder " + library.userRoot() + " can't be read (" + error.message() +
+                        "); USERPROFILE or HOME must name a folder that can be written");
     const std::int32_t count = library.entryCount(kGroupUser, 0);
     for (std::int32_t entry = 0; entry < count; ++entry)
         if (const auto listed = library.findEntry(kGroupUser, 0, entry)) out << listed->path << '\n';
     if (count == 0) out << "no presets in " << library.userRoot() << '\n';
+    if (count == std::int32_t{kMostEntries}) out << "no more than " << count << " are listed\n";
 }
 
 } // namespace velmora::presets_tool

@@ -9,7 +9,7 @@ namespace velmora::presets_tool {
 /// aside. Throws UserError for a category or designer that doesn't exist.
 void listFactoryPresets(std::ostream& out, const std::string& category, const std::string& designer);
 
-/// Prints the presets of the user's folder.
+/// Prints the files of the user's presets. Throws UserError if their folder can't be read.
 void listUserPresets(std::ostream& out);
 
 } // namespace velmora::presets_tool

@@ -62,12 +62,4 @@ std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk, c
     return result;
 }
 
-std::vector<std::uint8_t> presetFileBytes(const Preset& preset)
-{
-    std::vector<std::uint8_t> bytes(blockSize(1));
-    ByteWriter out(bytes);
-    encodeBlock(out, BlockKind::SinglePreset, {&preset, 1}, {});
-    return bytes;
-}
-
 } // namespace velmora::render

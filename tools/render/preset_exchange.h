@@ -19,7 +19,4 @@ Preset readPresetFile(const std::filesystem::path& path);
 /// A state chunk like `chunk`, but with the values of a preset.
 std::vector<std::uint8_t> chunkWithPreset(std::span<const std::uint8_t> chunk, const Preset& preset);
 
-/// The bytes of a preset file.
-std::vector<std::uint8_t> presetFileBytes(const Preset& preset);
-
 } // namespace velmora::render

@@ -1,5 +1,6 @@
 #include "tools/render/render_session.h"
 
+#include "presets/preset_file.h"
 #include "presets/preset_library.h"
 #include "tools/common/factory_lookup.h"
 #include "tools/common/user_error.h"
@@ -83,7 +84,7 @@ std::unique_ptr<OutputFile> preparePreset(const std::filesystem::path& path, con
     Preset preset = presetOfChunk(strips.first().chunk());
     preset.name = makePresetName(path.stem().string());
     auto file = std::make_unique<OutputFile>(path);
-    file->write(presetFileBytes(preset));
+    file->write(writePresetBlock(preset));
     return file;
 }
 
