@@ -214,9 +214,9 @@ public:
     void set(const Values& values) { set(place.role, values); }
 
     using KnownStrip::run;
-    Signal run(const Signal& main, std::initializer_list<int> lengths = {64})
+    Signal run(const Signal& main, const std::vector<int>& lengths = {64})
     {
-        return run(main, noise(main.size(), 0.4, 99), std::span(lengths.begin(), lengths.size()));
+        return run(main, noise(main.size(), 0.4, 99), std::span(lengths));
     }
     std::vector<double> meters() { return KnownStrip::meters(place); }
     std::size_t samples(double seconds) const { return static_cast<std::size_t>(seconds * rate); }

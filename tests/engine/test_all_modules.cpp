@@ -98,7 +98,7 @@ TEST_P(AllModules, SilenceStaysSilentAndMetersComeToRest)
 
 TEST_P(AllModules, BlocksMaySplitAtAnyPiece)
 {
-    const std::vector<std::initializer_list<int>> splits{{64}, {192, 64, 1024, 128}};
+    const std::vector<std::vector<int>> splits{{64}, {192, 64, 1024, 128}};
     everywhere([&](const Place& place) {
         for (const Values& values : settings()) {
             PlacedModule whole(place, values);
