@@ -2,6 +2,9 @@
 # and no contraction, which would change results from machine to machine.
 add_compile_options(-ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
 
+# Kernels pass wide vectors between inlined functions only, so how they would be passed is no matter.
+add_compile_options(-Wno-psabi)
+
 # Unique symbols would keep the plug-in in memory after the host unloads it.
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 

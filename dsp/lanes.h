@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// Vectors of doubles for the kernels, on the compiler's vector extensions: arithmetic and comparison
+/// operators work lane by lane, in the order written, and give in each lane the bits that a scalar would
+/// give. Everything is inlined by force, so that a kernel takes the instruction set of the caller that
+/// `runWidest` chose; nothing of it may be called out of line.
+#define VELMORA_KERNEL inline __attribute__((always_inline))
+
+namespace velmora {
+
+/// `count` doubles side by side; 2, 4 or 8. Narrower machines run a wide one in halves.
+template <std::size_t count>
+struct LaneTypes {
+    typedef double Doubles __attribute__((vector_size(count * sizeof(double))));
+    typedef std::int64_t Words __attribute__((vector_size(count * sizeof(double))));
+};
+template <std::size_t count>
+using Lanes = typename LaneTypes<count>::Doubles;
+/// Result of a comparison, all bits of a lane set or none; also the bits of doubles.
+template <std::size_t count>
+using LaneWords = typename LaneTypes<count>::Words;
+
+using Lanes2 = Lanes<2>;
+using Lanes4 = Lanes<4>;
+using Lanes8 = Lanes<8>;
+
+/// Number of lanes of a vector type.
+template <typename V>
+inline constexpr std::size_t kLaneCount = sizeof(V) / sizeof(double);
+/// The mask type of a vector type.
+template <typename V>
+using MaskOf = LaneWords<kLaneCount<V>>;
+
+/// One value in all lanes.
+template <typename V>
+VELMORA_KERNEL V allLanes(double value)
+{
+    return value - V{}; // minus zero keeps every value, -0.0 too
+}
+
+template <typename V>
+VELMORA_KERNEL V loadLanes(const double* from)
+{
+    V v;
+    __builtin_memcpy(&v, from, sizeof v);
+    return v;
+}
+
+template <typename V>
+VELMORA_KERNEL void storeLanes(double* to, const V& v)
+{
+    __builtin_memcpy(to, &v, sizeof v);
+}
+
+/// The bits of doubles as integers, and back.
+template <typename V>
+VELMORA_KERNEL MaskOf<V> bitsOf(const V& v)
+{
+    return reinterpret_cast<MaskOf<V>>(v);
+}
+template <typename V>
+VELMORA_KERNEL V fromBits(const MaskOf<V>& bits)
+{
+    return reinterpret_cast<V>(bits);
+}
+
+/// Lane by lane `mask ? a : b`.
+template <typename V>
+VELMORA_KERNEL V choose(const MaskOf<V>& mask, const V& a, const V& b)
+{
+    return mask ? a : b;
+}
+
+/// Lane by lane `mask ? v : 0.0`.
+template <typename V>
+VELMORA_KERNEL V keepWhere(const MaskOf<V>& mask, const V& v)
+{
+    return fromBits<V>(mask & bitsOf(v));
+}
+
+template <typename V>
+VELMORA_KERNEL V absLanes(const V& v)
+{
+    return fromBits<V>(bitsOf(v) & INT64_MAX);
+}
+
+/// As `a > b ? a : b`, so a NaN on either side gives b.
+template <typename V>
+VELMORA_KERNEL V maxLanes(const V& a, const V& b)
+{
+    return a > b ? a : b;
+}
+/// As `a < b ? a : b`, so a NaN on either side gives b.
+template <typename V>
+VELMORA_KERNEL V minLanes(const V& a, const V& b)
+{
+    return a < b ? a : b;
+}
+
+/// NaN becomes 0.
+template <typename V>
+VELMORA_KERNEL V zeroNanLanes(const V& v)
+{
+    return keepWhere<V>(v == v, v);
+}
+
+/// The denormal guard of dsp/flush.h in every lane.
+template <typename V>
+VELMORA_KERNEL V flushLanes(const V& v, double e)
+{
+    return (v + e) - e;
+}
+
+} // namespace velmora

@@ -1,0 +1,72 @@
+#pragma once
+
+namespace velmora {
+
+/// Instruction sets that kernels are built for. Results agree bit for bit: there is no contraction, and lanes
+/// don't meet.
+enum class InstructionSet {
+    Baseline, ///< x86-64-v2, or whatever other machines have
+    Avx2,
+    Avx512, ///< F, DQ and VL
+};
+
+/// The widest set that this machine has.
+InstructionSet widestInstructionSet();
+
+/// The set in use: the widest, unless a test holds it lower. Read once per block and module.
+InstructionSet instructionSet();
+
+/// Holds kernels to a set for as long as it lives. For tests and benchmarks, while no audio runs.
+class HeldInstructionSet {
+public:
+    /// @param set must be one that the machine has.
+    explicit HeldInstructionSet(InstructionSet set);
+    ~HeldInstructionSet();
+    HeldInstructionSet(const HeldInstructionSet&) = delete;
+    HeldInstructionSet& operator=(const HeldInstructionSet&) = delete;
+
+private:
+    InstructionSet before_;
+};
+
+namespace detail {
+
+#if defined(__x86_64__)
+template <typename Kernel>
+__attribute__((target("avx2"), flatten, noinline)) void runAvx2(Kernel& kernel)
+{
+    kernel();
+}
+
+template <typename Kernel>
+__attribute__((target("avx2,avx512f,avx512dq,avx512vl"), flatten, noinline)) void runAvx512(Kernel& kernel)
+{
+    kernel();
+}
+#endif
+
+template <typename Kernel>
+__attribute__((flatten, noinline)) void runBaseline(Kernel& kernel)
+{
+    kernel();
+}
+
+} // namespace detail
+
+/// Runs a kernel, compiled for the instruction set in use. The kernel and all it calls are inlined into one
+/// function per set: keep them free of calls to other translation units, but for libm.
+/// @param kernel callable without arguments, most often a lambda over one block.
+template <typename Kernel>
+inline void runWidest(Kernel kernel)
+{
+#if defined(__x86_64__)
+    switch (instructionSet()) {
+    case InstructionSet::Avx512: return detail::runAvx512(kernel);
+    case InstructionSet::Avx2: return detail::runAvx2(kernel);
+    case InstructionSet::Baseline: break;
+    }
+#endif
+    detail::runBaseline(kernel);
+}
+
+} // namespace velmora
