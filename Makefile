@@ -10,7 +10,10 @@ CONFIGURE_OPTIONS = $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHE
 BUILD_PRESET = cmake --preset $(1) $(CONFIGURE_OPTIONS) --log-level=WARNING && \
                cmake --build build/$(1) --parallel $(JOBS)
 
-.PHONY: all demo check check-sanitizers bench install install-system uninstall uninstall-system dependencies clean
+# Seconds for each fuzz target.
+FUZZ_SECONDS ?= 30
+
+.PHONY: all demo check check-sanitizers fuzz bench install install-system uninstall uninstall-system dependencies clean
 
 all: dependencies
 	@$(call BUILD_PRESET,release)
@@ -19,7 +22,7 @@ demo: dependencies
 	@$(call BUILD_PRESET,release) --target velmora_mono velmora-render velmora-demo-source
 	@scripts/demo.sh $(BUILD)
 
-check: all
+check: all fuzz
 	@ctest --test-dir $(BUILD) --output-on-failure --no-tests=error --parallel $(JOBS)
 
 # Address and undefined-behaviour sanitizers over everything, the thread sanitizer over what has threads.
@@ -28,6 +31,9 @@ check-sanitizers: dependencies
 	@ctest --test-dir build/asan --output-on-failure --no-tests=error --parallel $(JOBS)
 	@$(call BUILD_PRESET,tsan)
 	@ctest --test-dir build/tsan --output-on-failure --no-tests=error --label-regex threads
+
+fuzz: dependencies
+	@scripts/fuzz.sh $(FUZZ_SECONDS)
 
 bench: all
 	@for program in $(BUILD)/bin/bench_*; do "$$program" || exit 1; done
