@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <type_traits>
+
 namespace velmora {
 
 /// Instruction sets that kernels are built for. Results agree bit for bit: there is no contraction, and lanes
@@ -29,41 +32,59 @@ private:
     InstructionSet before_;
 };
 
+/// Handed to a kernel that wants to know how many doubles a vector of its instruction set holds. A vector
+/// wider than that is slow: the compiler takes it apart lane by lane through memory.
+template <std::size_t count>
+using LaneWidth = std::integral_constant<std::size_t, count>;
+
 namespace detail {
+
+template <std::size_t width, typename Kernel>
+inline __attribute__((always_inline)) void callKernel(Kernel& kernel)
+{
+    if constexpr (std::is_invocable_v<Kernel&, LaneWidth<width>>)
+        kernel(LaneWidth<width>{});
+    else
+        kernel();
+}
 
 #if defined(__x86_64__)
 template <typename Kernel>
 __attribute__((target("avx2"), flatten, noinline)) void runAvx2(Kernel& kernel)
 {
-    kernel();
+    callKernel<4>(kernel);
 }
 
 template <typename Kernel>
 __attribute__((target("avx2,avx512f,avx512dq,avx512vl"), flatten, noinline)) void runAvx512(Kernel& kernel)
 {
-    kernel();
+    callKernel<8>(kernel);
 }
 #endif
 
 template <typename Kernel>
 __attribute__((flatten, noinline)) void runBaseline(Kernel& kernel)
 {
-    kernel();
+    callKernel<2>(kernel);
 }
 
 } // namespace detail
 
 /// Runs a kernel, compiled for the instruction set in use. The kernel and all it calls are inlined into one
 /// function per set: keep them free of calls to other translation units, but for libm.
-/// @param kernel callable without arguments, most often a lambda over one block.
+/// @param kernel callable over one block, most often a lambda; without arguments, or with a `LaneWidth` of
+/// 2, 4 or 8, the native one of the set.
 template <typename Kernel>
 inline void runWidest(Kernel kernel)
 {
 #if defined(__x86_64__)
     switch (instructionSet()) {
-    case InstructionSet::Avx512: return detail::runAvx512(kernel);
-    case InstructionSet::Avx2: return detail::runAvx2(kernel);
-    case InstructionSet::Baseline: break;
+    case InstructionSet::Avx512:
+        return detail::runAvx512(kernel);
+    case InstructionSet::Avx2:
+        return detail::runAvx2(kernel);
+    case InstructionSet::Baseline:
+        break;
     }
 #endif
     detail::runBaseline(kernel);
