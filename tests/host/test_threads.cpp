@@ -52,6 +52,8 @@ public:
         const std::int32_t id =
             random() % 2 == 0 ? kPositionIds[random() % 9] : static_cast<std::int32_t>(random() % 360);
         effect.setParameter(id, static_cast<float>(random() % 1001) * 0.001f);
+        const std::int32_t insert = random() % 2 == 0 ? 256 : 304;
+        if (random() % 4 == 0) effect.setParameter(insert, static_cast<float>(random() % 116) / 255.0f);
     }
 
     void meters()
@@ -71,6 +73,8 @@ public:
     {
         std::mt19937 random(2);
         std::vector<std::uint8_t> saved;
+        RecordingEditor editor; // gets what changed, and the meters, at each idle
+        effect.attachEditor(&editor);
         const auto end = std::chrono::steady_clock::now() + kDuration;
         while (std::chrono::steady_clock::now() < end) {
             void* data = nullptr;
@@ -83,8 +87,10 @@ public:
             effect.setChunk(saved.data(), static_cast<std::intptr_t>(saved.size()), false);
             for (int i = 0; i < 4; ++i) moveThroughPresets(random);
             effect.idleEditor();
+            editor.heard.clear();
             ++rounds;
         }
+        effect.attachEditor(nullptr);
     }
 
     void moveThroughPresets(std::mt19937& random)

@@ -1,0 +1,171 @@
+// The built plug-in under a host's two threads, with the audio thread's calls into the system watched.
+
+#include "params/parameter_ids.h"
+#include "params/type_codes.h"
+#include "tests/host/realtime_watch.h"
+#include "tests/support/plugin_host.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <array>
+#include <atomic>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <random>
+#include <thread>
+#include <unistd.h>
+
+namespace velmora::test {
+namespace {
+
+constexpr int kMostFrames = 512;
+constexpr std::int32_t kPositions[] = {17, 49, 81, 113, 145, 193, 225, 257, 305};
+constexpr std::int32_t kInsertTypes[] = {256, 304};
+constexpr std::int32_t kFixedTypes[] = {16, 48, 80, 112, 144, 192, 224};
+
+/// What an audio thread does to an instance, one block at a time.
+class AudioThread {
+public:
+    AudioThread(host::LoadedPlugin& plugin, unsigned seed) : plugin_(plugin), random_(seed) {}
+
+    void runBlock(int block)
+    {
+        fillInputs(block);
+        const RealtimeWatch watch;
+        automate(block);
+        const std::int32_t frames = below(kMostFrames + 1);
+        if (block % 2 == 0) {
+            float* in[] = {narrow_.data(), narrow_.data(), narrowKey_.data(), nullptr};
+            float* out[] = {narrowOut_.data(), narrowOut_.data()};
+            plugin_.process(in, out, frames);
+        } else {
+            double* in[] = {wide_.data(), nullptr, wideKey_.data(), wideKey_.data()};
+            double* out[] = {wideOut_.data(), wide_.data()};
+            plugin_.process(in, out, frames);
+        }
+    }
+
+    bool finite() const
+    {
+        bool good = true;
+        for (const float y : narrowOut_) good = good && std::isfinite(y);
+        for (const double y : wideOut_) good = good && std::isfinite(y);
+        return good;
+    }
+
+private:
+    // Loud, silent, denormal, broken.
+    void fillInputs(int block)
+    {
+        constexpr double kLevels[] = {0.5, 0.0, 1e-310, 1.0, 1e-3};
+        const double level = kLevels[block / 50 % 5];
+        for (std::size_t i = 0; i < kMostFrames; ++i) {
+            const double x = level * (static_cast<double>(below(2001)) * 0.001 - 1.0);
+            wide_[i] = x;
+            wideKey_[i] = -x;
+            narrow_[i] = narrowKey_[i] = static_cast<float>(level == 1e-310 ? x * 1e270 : x);
+        }
+        if (block % 97 == 0) wide_[3] = narrow_[5] = std::numeric_limits<float>::quiet_NaN();
+    }
+
+    void automate(int block)
+    {
+        for (const std::int32_t insert : kInsertTypes)
+            if (block % 8 == insert % 5) plugin_.setParameter(insert, codeValue());
+        if (block % 16 == 3) plugin_.setParameter(kPositions[below(9)], static_cast<float>(below(9)) / 8.0f);
+        if (block % 32 == 9)
+            plugin_.setParameter(kFixedTypes[below(7)], static_cast<float>(below(6)) / 15.0f);
+        for (int i = 0; i < 6; ++i)
+            plugin_.setParameter(1 + below(kIdCount - 1), static_cast<float>(below(1001)) * 0.001f);
+        plugin_.setParameter(0, block % 40 == 7 ? 0.0f : 1.0f);
+    }
+
+    float codeValue()
+    {
+        const auto types = moduleTypes();
+        const auto i = static_cast<std::size_t>(below(static_cast<std::uint32_t>(types.size()) + 1));
+        return static_cast<float>(i < types.size() ? types[i].code : 0) / 255.0f;
+    }
+
+    std::int32_t below(std::uint32_t end) { return static_cast<std::int32_t>(random_() % end); }
+
+    host::LoadedPlugin& plugin_;
+    std::mt19937 random_;
+    std::array<float, kMostFrames> narrow_{}, narrowKey_{}, narrowOut_{};
+    std::array<double, kMostFrames> wide_{}, wideKey_{}, wideOut_{};
+};
+
+// Each kind of call is seen, also where the plug-in's own calls lead.
+TEST(Realtime, TheWatchSeesWhatItWatchesFor)
+{
+    const PluginOutput warm = runPlugin(*std::make_unique<RunningPlugin>(), Signal(64, 0.0));
+    ForbiddenCounts before = RealtimeWatch::counts();
+    std::mutex mutex;
+    {
+        const RealtimeWatch watch;
+        free(realloc(malloc(8), 64));
+        mutex.lock();
+        mutex.unlock();
+        usleep(1);
+        close(-1);
+        std::this_thread::yield();
+    }
+    ForbiddenCounts seen = RealtimeWatch::counts();
+    for (std::size_t i = 0; i < seen.size(); ++i) seen[i] -= before[i];
+    EXPECT_EQ(describe(seen), "allocate 1, free 1, reallocate 1, lock 2, file 1, sleep 2");
+
+    before = RealtimeWatch::counts();
+    {
+        const RealtimeWatch watch;
+        const RunningPlugin plugin; // makes plenty of memory inside the library
+    }
+    EXPECT_GT(RealtimeWatch::counts()[0], before[0] + 100);
+}
+
+TEST(Realtime, TheAudioThreadNeverCallsTheSystem)
+{
+    constexpr int kBlocks = 6000;
+    RunningPlugin plugin({.sampleRate = 96000.0, .blockSize = kMostFrames});
+    const std::vector<std::uint8_t> chunk = plugin.chunk();
+    std::atomic<bool> running{true};
+    std::atomic<int> loads{0};
+    ForbiddenCounts counts{};
+    bool finite = true;
+
+    std::thread audio([&] {
+        AudioThread road(plugin, 7);
+        const ForbiddenCounts start = RealtimeWatch::counts();
+        for (int block = 0; block < kBlocks; ++block) {
+            road.runBlock(block);
+            finite = finite && road.finite();
+        }
+        counts = RealtimeWatch::counts();
+        for (std::size_t i = 0; i < counts.size(); ++i) counts[i] -= start[i];
+        running = false;
+    });
+    // Meanwhile the main thread loads and stores state and turns knobs of its own.
+    std::mt19937 random(3);
+    while (running) {
+        plugin.setChunk(chunk);
+        ++loads;
+        for (int i = 0; i < 20; ++i)
+            plugin.setParameter(static_cast<std::int32_t>(random() % kHostParameterCount),
+                                static_cast<float>(random() % 1001) * 0.001f);
+        plugin.chunk();
+        for (std::int32_t id = kFirstMeterId; id <= kLastModuleMeterId; ++id) plugin.parameter(id);
+    }
+    audio.join();
+    std::printf("%d blocks beside %d chunk loads; forbidden calls: %s\n", kBlocks, loads.load(),
+                describe(counts).c_str());
+    EXPECT_EQ(describe(counts), "none");
+    EXPECT_TRUE(finite);
+    EXPECT_GT(loads, 3);
+}
+
+} // namespace
+} // namespace velmora::test
