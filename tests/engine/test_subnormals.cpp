@@ -1,7 +1,7 @@
 // Silence must not leave subnormal numbers behind, which some machines take a hundred times as long for. The
 // processor itself tells whether any operation of a block met one: that is a look at every state in use.
 
-#include "engine/module_factory.h"
+#include "engine/insert_bank.h"
 #include "params/type_codes.h"
 #include "tests/engine/placed_module.h"
 
@@ -42,7 +42,7 @@ TEST(Subnormals, TheProcessorTellsOfOne)
 class LoneModule {
 public:
     LoneModule(const ModuleType& type, const Values& values, double rate)
-        : module_(makeInsertModule(type.code, basesOf(roleWindow(Role::InsertX))))
+        : bank_(productModules(), basesOf(roleWindow(Role::InsertX))), module_(bank_[type.code])
     {
         for (unsigned c = 0; c < record_.channels.size(); ++c) record_.channels[c] = buffers_[c].data();
         module_->setSampleRate(rate);
@@ -76,7 +76,8 @@ public:
 private:
     void process() { module_->processMono(record_, record_, kPiece); }
 
-    std::unique_ptr<StripEffect> module_;
+    InsertBank bank_;
+    StripEffect* module_;
     std::array<std::array<double, kPiece>, 2 * AudioRecord::kPairs> buffers_{};
     AudioRecord record_;
     std::mt19937 random_{1};
