@@ -5,6 +5,9 @@ add_compile_options(-ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconver
 # Kernels pass wide vectors between inlined functions only, so how they would be passed is no matter.
 add_compile_options(-Wno-psabi)
 
+# Nobody reads errno behind a square root; with it, vectors of roots would run lane by lane.
+add_compile_options(-fno-math-errno)
+
 # Unique symbols would keep the plug-in in memory after the host unloads it.
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 

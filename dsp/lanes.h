@@ -11,7 +11,9 @@
 
 namespace velmora {
 
-/// `count` doubles side by side; 2, 4 or 8. Narrower machines run a wide one in halves.
+/// `count` doubles side by side; 2, 4 or 8. Narrower machines run the arithmetic of a wide one in halves, but
+/// compare and select lane by lane, which is slow: work without ties between lanes takes the width that
+/// `runWidest` hands out.
 template <std::size_t count>
 struct LaneTypes {
     typedef double Doubles __attribute__((vector_size(count * sizeof(double))));
@@ -112,6 +114,29 @@ template <typename V>
 VELMORA_KERNEL V flushLanes(const V& v, double e)
 {
     return (v + e) - e;
+}
+
+template <typename V>
+VELMORA_KERNEL V sqrtLanes(const V& v)
+{
+    V root;
+    for (std::size_t i = 0; i < kLaneCount<V>; ++i) root[i] = __builtin_sqrt(v[i]);
+    return root;
+}
+
+/// `to[i] = function(from[i])` for `count` values, a vector at a time; the last one is filled up with 0.
+/// @param to may be `from`, but not overlap it otherwise.
+template <typename V, typename Function>
+VELMORA_KERNEL void mapLanes(const double* from, double* to, std::size_t count, Function function)
+{
+    constexpr std::size_t kWidth = kLaneCount<V>;
+    std::size_t i = 0;
+    for (; i + kWidth <= count; i += kWidth) storeLanes<V>(to + i, function(loadLanes<V>(from + i)));
+    if (i == count) return;
+    double rest[kWidth]{};
+    for (std::size_t lane = 0; i + lane < count; ++lane) rest[lane] = from[i + lane];
+    storeLanes<V>(rest, function(loadLanes<V>(rest)));
+    for (std::size_t lane = 0; i + lane < count; ++lane) to[i + lane] = rest[lane];
 }
 
 } // namespace velmora
