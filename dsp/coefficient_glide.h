@@ -12,6 +12,10 @@ namespace velmora {
 /// straight line, and the coefficients are rebuilt from them on every sample of the way.
 class CoefficientGlide {
 public:
+    // Zero and pole pairs as real and imaginary parts, then the gain.
+    enum Root : std::size_t { Z1Re, Z1Im, Z2Re, Z2Im, P1Re, P1Im, P2Re, P2Im, Gain, kRoots };
+    using Roots = std::array<double, kRoots>;
+
     /// Unity filter, at rest. @param length samples of a whole glide.
     void init(std::uint32_t length);
 
@@ -47,17 +51,30 @@ public:
     /// Coefficients of the last sample's recursion.
     const BiquadCoefficients& current() const { return left_ == 0 ? target_ : current_; }
 
-private:
-    // Zero and pole pairs as real and imaginary parts, then the gain.
-    enum Root : std::size_t { Z1Re, Z1Im, Z2Re, Z2Im, P1Re, P1Im, P2Re, P2Im, Gain, kRoots };
-    using Roots = std::array<double, kRoots>;
+    /// For kernels that move many glides at once: where the roots stand, what a sample adds to them, and the
+    /// way back. @param roots after the last sample that glided. @param samplesLeft at most as many as
+    /// before.
+    const Roots& roots() const { return roots_; }
+    const Roots& increments() const { return increments_; }
+    void resume(const Roots& roots, std::uint32_t samplesLeft)
+    {
+        roots_ = roots;
+        left_ = samplesLeft;
+        rebuild();
+    }
 
+private:
     static Roots rootsOf(const BiquadCoefficients& c);
 
     void step()
     {
         for (std::size_t i = 0; i < kRoots; ++i) roots_[i] += increments_[i];
         --left_;
+        rebuild();
+    }
+
+    void rebuild()
+    {
         const Roots& r = roots_;
         const double g = r[Gain];
         current_.a0 = 1.0;

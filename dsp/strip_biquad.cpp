@@ -106,7 +106,7 @@ void StripBiquad::runBlock(double* buffer, int count)
         history_ = {};
         return;
     }
-    History history = history_; // a local stays in registers
+    BiquadHistory history = history_; // a local stays in registers
     for (int i = 0; i < count; ++i) {
         const double x0 = std::isnan(buffer[i]) ? 0.0 : buffer[i];
         double y = recursion(x0, glide_.advance(), history);

@@ -9,6 +9,12 @@
 
 namespace velmora {
 
+/// Last two inputs and outputs of a section.
+struct BiquadHistory {
+    double x1 = 0.0, x2 = 0.0;
+    double y1 = 0.0, y2 = 0.0;
+};
+
 /// The strip's second-order section in double precision. A change of any setting redesigns it and starts a
 /// glide to the new design, so it never jumps. It heals itself of NaN at input and output.
 class StripBiquad {
@@ -67,24 +73,34 @@ public:
     /// Last output; 0 after a reset.
     double lastOutput() const { return history_.y1; }
 
-private:
-    struct History {
-        double x1 = 0.0, x2 = 0.0;
-        double y1 = 0.0, y2 = 0.0;
+    /// What a kernel needs to run the section among others, and to leave it behind as if it had run alone.
+    struct Parts {
+        CoefficientGlide& glide;
+        BiquadHistory& history;
+        double softLimitFactor; ///< 0 while the soft limit is off
     };
+    Parts parts() { return {glide_, history_, softLimit_ ? softLimitFactor_ : 0.0}; }
+    /// Whether samples pass untouched. What a disabled section remembers is lost with the first of them.
+    bool passes() const { return settings_.kind == StripBiquadKind::None || !enabled_; }
+    void passBlock()
+    {
+        if (settings_.kind != StripBiquadKind::None && !enabled_) history_ = {};
+    }
 
-    static constexpr double kFlush = 1e-30;
+    static constexpr double kFlush = 1e-30; ///< below it a result vanishes
+
+private:
     static constexpr double kSoftLimitScale = 0.001;
 
     // The recursion of one sample before history moves on. Order of terms is part of the sound.
-    double recursion(double x0, const BiquadCoefficients& c, const History& h) const
+    double recursion(double x0, const BiquadCoefficients& c, const BiquadHistory& h) const
     {
         double r = c.b0 * x0 + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2;
         if (softLimit_) r = r / (std::fabs(r) * softLimitFactor_ + 1.0);
         return flush(r, kFlush);
     }
 
-    static void shift(History& h, double x0, double y)
+    static void shift(BiquadHistory& h, double x0, double y)
     {
         h.x2 = h.x1;
         h.x1 = x0;
@@ -116,7 +132,7 @@ private:
     double softLimitAmount_ = kSoftLimitScale;
     double softLimitFactor_ = 0.0;
     CoefficientGlide glide_;
-    History history_;
+    BiquadHistory history_;
 };
 
 } // namespace velmora
