@@ -19,7 +19,7 @@ void chain(benchmark::State& state)
     const auto count = static_cast<std::size_t>(state.range(0));
     const auto frames = static_cast<std::int32_t>(state.range(1));
     std::vector<StripBiquad> sections(count, StripBiquad(StripBiquadKind::Peaking, 1000.0, 1.0, 6.0));
-    std::vector<ChainLink> links;
+    std::vector<BiquadLink> links;
     double hz = 100.0;
     for (StripBiquad& section : sections) {
         section.setEnabled(true);
@@ -29,7 +29,7 @@ void chain(benchmark::State& state)
     }
     std::vector<double> block(static_cast<std::size_t>(frames));
     links.back().output = block.data();
-    const SectionChain all{block.data(), links};
+    const BiquadChain all{block.data(), links};
     int left = 0;
     for (auto _ : state) {
         for (std::size_t n = 0; n < block.size(); ++n) block[n] = 0.1 * static_cast<double>(n % 7);

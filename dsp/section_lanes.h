@@ -22,18 +22,52 @@ VELMORA_KERNEL V shiftIn(const V& before, const V& v)
         return __builtin_shufflevector(before, v, 7, 8, 9, 10, 11, 12, 13, 14);
 }
 
-/// The sections of a vector, lane by lane; null where a lane is idle.
 template <typename V>
-using LaneSections = std::array<StripBiquad*, kLaneCount<V>>;
+VELMORA_KERNEL bool anyNan(const V& v)
+{
+    const MaskOf<V> lost = v != v;
+    std::int64_t any = 0;
+    for (std::size_t k = 0; k < kLaneCount<V>; ++k) any |= lost[k];
+    return any != 0;
+}
+
+/// The sections of a vector, lane by lane; null where a lane is idle. Their `parts` are as `StripBiquad`'s.
+template <typename V, typename Section = StripBiquad>
+using LaneSections = std::array<Section*, kLaneCount<V>>;
 
 /// In place of a mask that is set in all lanes.
 struct EveryLane {};
+
+/// `choose` for lanes of doubles that knows `EveryLane`.
+template <typename V>
+VELMORA_KERNEL V where(const EveryLane&, const V& a, const V&)
+{
+    return a;
+}
+template <typename V>
+VELMORA_KERNEL V where(const MaskOf<V>& mask, const V& a, const V& b)
+{
+    return choose<V>(mask, a, b);
+}
+
+/// The words of the lanes that a mask marks, 0 in the others.
+template <typename V>
+VELMORA_KERNEL MaskOf<V> wordsWhere(const EveryLane&, const MaskOf<V>& words)
+{
+    return words;
+}
+template <typename V>
+VELMORA_KERNEL MaskOf<V> wordsWhere(const MaskOf<V>& mask, const MaskOf<V>& words)
+{
+    return mask ? words : MaskOf<V>{};
+}
 
 /// Coefficient glides of sections side by side, with the bits of `CoefficientGlide`.
 template <typename V>
 class GlideLanes {
 public:
-    VELMORA_KERNEL void load(const LaneSections<V>& sections)
+    template <typename Section>
+    VELMORA_KERNEL void load(const LaneSections<V, Section>& sections)
     {
         for (std::size_t k = 0; k < sections.size(); ++k) {
             if (sections[k] == nullptr) continue;
@@ -46,7 +80,8 @@ public:
         }
     }
 
-    VELMORA_KERNEL void store(const LaneSections<V>& sections) const
+    template <typename Section>
+    VELMORA_KERNEL void store(const LaneSections<V, Section>& sections) const
     {
         for (std::size_t k = 0; k < sections.size(); ++k) {
             if (sections[k] == nullptr || !sections[k]->parts().glide.gliding()) continue;
@@ -57,8 +92,15 @@ public:
     }
 
     /// One sample onwards in the lanes that `runs` marks. @return the lanes whose coefficients glide.
-    VELMORA_KERNEL MaskOf<V> advance(const MaskOf<V>& runs) { return moveOn((left_ > 0) & runs); }
-    VELMORA_KERNEL MaskOf<V> advance(const EveryLane&) { return moveOn(left_ > 0); }
+    template <typename Mask>
+    VELMORA_KERNEL MaskOf<V> advance(const Mask& runs)
+    {
+        const MaskOf<V> moves = wordsWhere<V>(runs, left_) > 0;
+        left_ += moves; // a set lane is -1
+        for (std::size_t i = 0; i < kRoots; ++i)
+            roots_[i] = choose<V>(moves, roots_[i] + increments_[i], roots_[i]);
+        return moves;
+    }
 
     VELMORA_KERNEL V b0() const { return roots_[Glide::Gain]; }
     VELMORA_KERNEL V b1() const { return -(roots_[Glide::Z1Re] + roots_[Glide::Z2Re]) * b0(); }
@@ -75,14 +117,6 @@ public:
 private:
     using Glide = CoefficientGlide;
     static constexpr std::size_t kRoots = CoefficientGlide::kRoots;
-
-    VELMORA_KERNEL MaskOf<V> moveOn(const MaskOf<V>& moves)
-    {
-        left_ += moves; // a set lane is -1
-        for (std::size_t i = 0; i < kRoots; ++i)
-            roots_[i] = choose<V>(moves, roots_[i] + increments_[i], roots_[i]);
-        return moves;
-    }
 
     V roots_[kRoots]{};
     V increments_[kRoots]{};
@@ -105,12 +139,13 @@ template <typename V, SectionMotion motion>
 class SectionLanes {
 public:
     /// @param sections null where a lane is idle: it keeps giving 0.
-    VELMORA_KERNEL void load(const LaneSections<V>& sections)
+    template <typename Section>
+    VELMORA_KERNEL void load(const LaneSections<V, Section>& sections)
     {
         x1_ = x2_ = y1_ = y2_ = b0_ = b1_ = b2_ = a1_ = a2_ = limit_ = inputPart_ = V{};
         for (std::size_t k = 0; k < sections.size(); ++k) {
             if (sections[k] == nullptr) continue;
-            const StripBiquad::Parts parts = sections[k]->parts();
+            const auto parts = sections[k]->parts();
             const BiquadCoefficients& target = parts.glide.target();
             x1_[k] = parts.history.x1, x2_[k] = parts.history.x2;
             y1_[k] = parts.history.y1, y2_[k] = parts.history.y2;
@@ -122,7 +157,8 @@ public:
         if constexpr (motion != SectionMotion::Steady) glide_.load(sections);
     }
 
-    VELMORA_KERNEL void store(const LaneSections<V>& sections) const
+    template <typename Section>
+    VELMORA_KERNEL void store(const LaneSections<V, Section>& sections) const
     {
         for (std::size_t k = 0; k < sections.size(); ++k)
             if (sections[k] != nullptr) sections[k]->parts().history = {x1_[k], x2_[k], y1_[k], y2_[k]};
@@ -131,13 +167,7 @@ public:
 
     /// Whether a NaN has come up in any lane: it never leaves the recursion, so one look behind a block
     /// tells.
-    VELMORA_KERNEL bool stuck() const
-    {
-        const MaskOf<V> lost = y1_ != y1_;
-        std::int64_t any = 0;
-        for (std::size_t k = 0; k < kLaneCount<V>; ++k) any |= lost[k];
-        return any != 0;
-    }
+    VELMORA_KERNEL bool stuck() const { return anyNan<V>(y1_); }
 
     /// Last outputs.
     VELMORA_KERNEL const V& y1() const { return y1_; }
@@ -151,24 +181,18 @@ public:
         V r = inputPart_ - a1_ * y1_ - a2_ * y2_;
         if constexpr (motion == SectionMotion::Limited) r = r / (absLanes(r) * limit_ + 1.0);
         r = flushLanes(r, StripBiquad::kFlush);
-        y2_ = where(due, y1_, y2_);
-        y1_ = where(due, r, y1_);
+        y2_ = where<V>(due, y1_, y2_);
+        y1_ = where<V>(due, r, y1_);
 
         if constexpr (motion == SectionMotion::Steady)
             inputPart_ = b0_ * x0 + b1_ * x1_ + b2_ * x2_;
         else
             glideOn(x0, begun);
-        x2_ = where(begun, x1_, x2_);
-        x1_ = where(begun, x0, x1_);
+        x2_ = where<V>(begun, x1_, x2_);
+        x1_ = where<V>(begun, x0, x1_);
     }
 
 private:
-    static VELMORA_KERNEL V where(const EveryLane&, const V& a, const V&) { return a; }
-    static VELMORA_KERNEL V where(const MaskOf<V>& mask, const V& a, const V& b)
-    {
-        return choose<V>(mask, a, b);
-    }
-
     // Lanes at rest run on their target.
     template <typename Mask>
     VELMORA_KERNEL void glideOn(const V& x0, const Mask& begun)

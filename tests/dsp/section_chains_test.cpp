@@ -40,17 +40,17 @@ public:
     template <typename Run>
     void run(Run runAll, std::int32_t start, std::int32_t frames)
     {
-        std::vector<ChainLink> links;
+        std::vector<BiquadLink> links;
         for (std::size_t k = 0; k < sections_.size(); ++k)
             links.push_back({&sections_[k], k % 3 == 1 ? nullptr : outputs_[k].data() + start});
-        std::vector<SectionChain> chains;
+        std::vector<BiquadChain> chains;
         std::size_t first = 0;
         for (std::size_t c = 0; c < lengths_.size(); ++c) {
             links[first + lengths_[c] - 1].output = outputs_[first + lengths_[c] - 1].data() + start;
             chains.push_back({inputs_[c].data() + start, std::span(links).subspan(first, lengths_[c])});
             first += lengths_[c];
         }
-        runAll(std::span<const SectionChain>(chains), frames);
+        runAll(std::span<const BiquadChain>(chains), frames);
     }
 
     /// Bits of all outputs, NaNs alike.
