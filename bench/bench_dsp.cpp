@@ -1,6 +1,8 @@
 #include "bench/module_bench.h"
+#include "dsp/level_meter.h"
 #include "dsp/rise_fall_follower.h"
 #include "dsp/strip_biquad.h"
+#include "tests/plain/level_detector.h"
 
 #include <benchmark/benchmark.h>
 
@@ -97,6 +99,31 @@ void riseFallFollower(benchmark::State& run)
     reportPerSample(run, kBlock);
 }
 BENCHMARK(riseFallFollower);
+
+template <typename Follow>
+void levelDetector(benchmark::State& run, Follow follow)
+{
+    const std::array<double, kBlock> input = tone();
+    const LevelRates rates = levelMeterRates(48000.0);
+    LevelDetector detector;
+    const auto frames = static_cast<int>(run.range(0));
+    for (auto _ : run) {
+        follow(detector, input.data(), frames, rates);
+        benchmark::DoNotOptimize(detector);
+    }
+    reportPerSample(run, frames);
+}
+void levelDetectorPlain(benchmark::State& run)
+{
+    levelDetector(run, plain::followBlock);
+}
+void levelDetectorFast(benchmark::State& run)
+{
+    levelDetector(run, [](LevelDetector& detector, const double* x, std::int32_t frames,
+                          const LevelRates& rates) { detector.processBlock(x, frames, rates); });
+}
+BENCHMARK(levelDetectorPlain)->Name("LevelDetector/plain")->Arg(16)->Arg(64);
+BENCHMARK(levelDetectorFast)->Name("LevelDetector/fast")->Arg(16)->Arg(64);
 
 } // namespace
 } // namespace velmora::bench

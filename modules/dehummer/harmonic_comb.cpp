@@ -1,6 +1,6 @@
 #include "modules/dehummer/harmonic_comb.h"
 
-#include "dsp/run_diagonally.h"
+#include "dsp/section_chains.h"
 
 #include <cmath>
 
@@ -49,8 +49,7 @@ void HarmonicComb::reset()
 
 void HarmonicComb::process(double* audio, std::int32_t frames)
 {
-    runDiagonally<kHarmonics>(
-        frames, [&](std::size_t k, std::int32_t n) { audio[n] = notch[k].runSample(audio[n]); });
+    runInSeries(notch, audio, frames);
 }
 
 } // namespace velmora

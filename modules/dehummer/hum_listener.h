@@ -4,6 +4,7 @@
 #include "modules/dehummer/hum_profile.h"
 
 #include <array>
+#include <cstdint>
 
 namespace velmora {
 
@@ -17,18 +18,13 @@ public:
     void setFundamental(double hz);
     void reset();
 
-    /// @param shares weight of each harmonic in the mix.
-    double process(double x, const PerHarmonic& shares)
-    {
-        double sum = 0.0;
-        for (std::size_t k = 0; k < listen.size(); ++k)
-            sum += listen[k].runSample(x) * harmonic(shares, kHeard[k]);
-        return kGain * sum;
-    }
+    /// @param shares weight of each harmonic in the mix. @range frames up to kLongest.
+    void process(const double* input, double* output, std::int32_t frames, const PerHarmonic& shares);
+
+    static constexpr std::int32_t kLongest = 64;
 
 private:
     static constexpr std::array kHeard{1, 2, 3, 4, 5, 6, 9, 10, 13, 14, 17, 18};
-    static constexpr double kGain = 2.0;
 
     std::array<StripBiquad, kHeard.size()> listen;
 };

@@ -1,5 +1,7 @@
 #include "modules/filters/filter_rail.h"
 
+#include "modules/filters/filter_lanes.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -80,6 +82,21 @@ void FilterRail::setLowPass(bool in, std::int32_t slope)
     const LowPassSlope& on = slopeAt(kLowPassSlopes, slope);
     lowPass1.setEnabled(in && on.lowPass1);
     lowPass2.setEnabled(in && on.lowPass2);
+}
+
+SectionChain<StripFilterSection> FilterRail::chain(bool withBand, double* block, Links& links)
+{
+    std::size_t count = 0;
+    forEachSection([&](StripFilterSection& section) {
+        if (withBand || &section != &parametric) links[count++] = {&section};
+    });
+    links[count - 1].output = block;
+    return {block, std::span(links).first(count)};
+}
+
+void runRails(std::span<const SectionChain<StripFilterSection>> rails, std::int32_t frames)
+{
+    runLaneChains<FilterLanes, 12>(rails, frames);
 }
 
 void FilterRail::setSampleRate(double hz)

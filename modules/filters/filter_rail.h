@@ -1,7 +1,10 @@
 #pragma once
 
+#include "dsp/lane_chains.h"
 #include "modules/filters/strip_filter_section.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace velmora {
@@ -24,15 +27,12 @@ public:
     void setSampleRate(double hz);
     void reset();
 
-    /// One sample through high-pass and low-pass.
-    double runBasic(double x) { return runLowPass(runHighPass(x)); }
-    /// One sample with the parametric band between the two.
-    double runPro(double x) { return runLowPass(parametric.runSample(runHighPass(x))); }
+    static constexpr std::size_t kSections = 6;
+    using Links = std::array<ChainLink<StripFilterSection>, kSections>;
+    /// Fills in the chain of high-pass, parametric band if `withBand`, and low-pass over a block in place.
+    SectionChain<StripFilterSection> chain(bool withBand, double* block, Links& links);
 
 private:
-    double runHighPass(double x) { return highPass3.runSample(highPass2.runSample(highPass1.runSample(x))); }
-    double runLowPass(double x) { return lowPass2.runSample(lowPass1.runSample(x)); }
-
     template <typename Action>
     void forEachSection(Action action)
     {
@@ -48,5 +48,8 @@ private:
     StripFilterSection lowPass1{StripFilterSection::kOnePoleLowPass, 12000.0, 0.5};
     StripFilterSection lowPass2{StripBiquadKind::LowPass, 8333.333333333334, 0.5};
 };
+
+/// Runs the chains of rails over a block.
+void runRails(std::span<const SectionChain<StripFilterSection>> rails, std::int32_t frames);
 
 } // namespace velmora

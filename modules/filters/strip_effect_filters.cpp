@@ -141,20 +141,17 @@ void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& o
     if (type == SideChain) return processSideChain(in, out, frames);
 
     const double* input = in.left(0);
-    FilterRail& rail = rails[Left];
-    const auto run = [&](auto filter) {
-        for (std::int32_t i = 0; i < frames; ++i) {
-            const double x = input[i];
-            meterInMono(x);
-            const double y = filter(x);
-            meterOutMono(y);
-            writeMono(out, i, y);
-        }
-    };
-    if (type == Basic)
-        run([&rail](double x) { return rail.runBasic(x); });
-    else
-        run([&rail](double x) { return rail.runPro(x); });
+    meterInBlock(input, frames);
+    for (std::int32_t start = 0; start < frames; start += kPiece) {
+        const std::int32_t count = std::min(kPiece, frames - start);
+        std::array<double, kPiece> piece;
+        std::copy_n(input + start, count, piece.begin());
+        FilterRail::Links links;
+        const SectionChain<StripFilterSection> chain = rails[Left].chain(type == Pro, piece.data(), links);
+        runRails({&chain, 1}, count);
+        meterOutBlock(piece.data(), count);
+        for (std::int32_t i = 0; i < count; ++i) writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+    }
 }
 
 void StripEffectFilters::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
@@ -162,34 +159,31 @@ void StripEffectFilters::processStereo(const AudioRecord& in, const AudioRecord&
     if (passesThrough()) return processThrough(in, out, frames);
     if (type == SideChain) return processSideChain(in, out, frames);
 
-    const bool basic = type == Basic;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double l = in.left(0)[i];
-        const double r = in.right(0)[i];
-        meterInStereo(l, r);
-        const double left = basic ? rails[Left].runBasic(l) : rails[Left].runPro(l);
-        const double right = basic ? rails[Right].runBasic(r) : rails[Right].runPro(r);
-        meterOutStereo(left, right);
-        out.left(0)[i] = left;
-        out.right(0)[i] = right;
-    }
+    runPair(in, out, 0, type == Pro, frames);
 }
 
 void StripEffectFilters::processSideChain(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
 {
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double l = in.left(1)[i];
-        const double r = in.right(1)[i];
-        meterInStereo(l, r);
-        const double left = rails[Left].runPro(l);
-        const double right = rails[Right].runPro(r);
-        meterOutStereo(left, right);
-        out.left(1)[i] = left;
-        out.right(1)[i] = right;
-        if (sideChainMonitor == 0) continue;
-        out.left(0)[i] = left;
-        out.right(0)[i] = right;
+    runPair(in, out, 1, true, frames);
+    if (sideChainMonitor == 0) return;
+    std::copy_n(out.left(1), frames, out.left(0));
+    std::copy_n(out.right(1), frames, out.right(0));
+}
+
+void StripEffectFilters::runPair(const AudioRecord& in, const AudioRecord& out, int pair, bool withBand,
+                                 std::int32_t frames)
+{
+    const std::array inputs{in.left(pair), in.right(pair)};
+    const std::array outputs{out.left(pair), out.right(pair)};
+    meterInBlock(inputs[Left], inputs[Right], frames);
+    std::array<FilterRail::Links, kChannels> links;
+    std::array<SectionChain<StripFilterSection>, kChannels> chains;
+    for (std::size_t c = 0; c < kChannels; ++c) {
+        if (outputs[c] != inputs[c]) std::copy_n(inputs[c], frames, outputs[c]);
+        chains[c] = rails[c].chain(withBand, outputs[c], links[c]);
     }
+    runRails(chains, frames);
+    meterOutBlock(outputs[Left], outputs[Right], frames);
 }
 
 } // namespace velmora

@@ -31,6 +31,10 @@ private:
     enum Channel : std::size_t { Left, Right, kChannels };
 
     bool passesThrough() const { return active == 0 || type < Basic || type > SideChain; }
+    static constexpr std::int32_t kPiece = 64;
+
+    /// Both rails over a pair.
+    void runPair(const AudioRecord& in, const AudioRecord& out, int pair, bool withBand, std::int32_t frames);
     void processSideChain(const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
     void updateEnables();
 

@@ -26,7 +26,7 @@ StripFilterSection::StripFilterSection(StripBiquadKind kind, double frequency, d
 void StripFilterSection::setKind(StripBiquadKind kind)
 {
     settings_.kind = kind;
-    redesign();
+    stale_ = true;
 }
 
 void StripFilterSection::setFrequency(double hz)
@@ -37,7 +37,7 @@ void StripFilterSection::setFrequency(double hz)
 void StripFilterSection::setQ(double q)
 {
     settings_.q = std::clamp(q, kMinQ, kMaxQ);
-    redesign();
+    stale_ = true;
 }
 
 void StripFilterSection::setFrequencyAndQ(double hz, double q)
@@ -49,13 +49,13 @@ void StripFilterSection::setFrequencyAndQ(double hz, double q)
 void StripFilterSection::setGainDb(double db)
 {
     settings_.gainDb = std::clamp(db, -kMaxGainDb, kMaxGainDb);
-    redesign();
+    stale_ = true;
 }
 
 void StripFilterSection::setSampleRate(double hz)
 {
     settings_.sampleRate = std::clamp(hz, kStartRate, kMaxRate);
-    redesign();
+    stale_ = true;
 }
 
 void StripFilterSection::setEnabled(bool enabled)
@@ -67,13 +67,15 @@ void StripFilterSection::setEnabled(bool enabled)
 
 void StripFilterSection::resetState()
 {
-    clearHistory();
+    settle();
+    history_ = {};
     glide_.snap();
     onePole_ = onePoleTarget_;
 }
 
 void StripFilterSection::redesign()
 {
+    stale_ = false;
     if (isOnePole()) {
         onePoleTarget_ = 1.0 - std::exp(settings_.frequency * -kTwoPi / settings_.sampleRate);
         glide_.aim({}); // only its count matters

@@ -3,6 +3,7 @@
 #include "dsp/biquad_design.h"
 #include "dsp/coefficient_glide.h"
 #include "dsp/flush.h"
+#include "dsp/strip_biquad.h"
 
 #include <cmath>
 #include <cstdint>
@@ -11,7 +12,8 @@ namespace velmora {
 
 /// Section of the filters module: the strip's second-order section, which glides to each new design, joined
 /// by two one-pole kinds. Unlike `StripBiquad` it is designed while it is off too, so that switching it on
-/// lands on its settings at once.
+/// lands on its settings at once. Settings only mark it stale; the next sample, or whatever lands on the
+/// design, makes one design of them.
 class StripFilterSection {
 public:
     /// The high-pass of 6 dB per octave takes the number that the designs leave without an audio effect.
@@ -38,37 +40,57 @@ public:
     /// One sample; advances a glide. A disabled section returns its input and its glide stands still.
     double runSample(double x)
     {
-        if (!enabled_ || settings_.kind == StripBiquadKind::None) return x;
+        if (passes()) return x;
+        settle();
         const double x0 = std::isnan(x) ? 0.0 : x;
         return isOnePole() ? runOnePole(x0) : runBiquad(x0);
     }
 
-private:
-    static constexpr double kFlush = 1e-30;
-    static constexpr double kCoefficientFlush = 1e-18;
-    static constexpr double kCoefficientStep = 0.001; // share of the way that a glide's sample makes
-
+    StripBiquadKind kind() const { return settings_.kind; }
     bool isOnePole() const { return settings_.kind == kOnePoleHighPass || settings_.kind == kOnePoleLowPass; }
+
+    /// Whether samples pass untouched, and what becomes of the section then: nothing.
+    bool passes() const { return !enabled_ || settings_.kind == StripBiquadKind::None; }
+    void passBlock() {}
+
+    /// What a kernel needs to run the section among others, and to leave it behind as if it had run alone.
+    struct Parts {
+        CoefficientGlide& glide; ///< of a one-pole only the samples left
+        BiquadHistory& history;  ///< of a one-pole only y1
+        double softLimitFactor;  ///< none
+        double& onePole;
+        double onePoleTarget;
+    };
+    Parts parts()
+    {
+        settle();
+        return {glide_, history_, 0.0, onePole_, onePoleTarget_};
+    }
+
+    static constexpr double kCoefficientFlush = 1e-18;
+    static constexpr double kCoefficientStep = 0.001; ///< share of the way that a glide's sample makes
+
+private:
+    static constexpr double kFlush = StripBiquad::kFlush;
 
     // The order of the terms is part of the sound.
     double runBiquad(double x0)
     {
         const BiquadCoefficients& c = glide_.advance();
-        double y = flush(c.b0 * x0 + c.b1 * x1_ + c.b2 * x2_ - c.a1 * y1_ - c.a2 * y2_, kFlush);
-        if (std::isnan(y)) y = y1_ = 0.0;
-        x2_ = x1_;
-        x1_ = x0;
-        y2_ = y1_;
-        y1_ = y;
+        BiquadHistory& h = history_;
+        double y = flush(c.b0 * x0 + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2, kFlush);
+        if (std::isnan(y)) y = h.y1 = 0.0;
+        h = {x0, h.x1, y, h.y1};
         return y;
     }
 
     double runOnePole(double x0)
     {
         advanceOnePole();
-        double y = flush((x0 - y1_) * onePole_ + y1_, kFlush);
+        double& level = history_.y1;
+        double y = flush((x0 - level) * onePole_ + level, kFlush);
         if (std::isnan(y)) y = 0.0;
-        y1_ = y;
+        level = y;
         return settings_.kind == kOnePoleHighPass ? x0 - y : y;
     }
 
@@ -83,7 +105,10 @@ private:
         }
     }
 
-    void clearHistory() { x1_ = x2_ = y1_ = y2_ = 0.0; }
+    void settle()
+    {
+        if (stale_) redesign();
+    }
     void redesign();
 
     BiquadSettings settings_;
@@ -91,8 +116,8 @@ private:
     CoefficientGlide glide_;
     double onePole_ = 0.0; ///< 0..1, share of a step that one sample makes
     double onePoleTarget_ = 0.0;
-    double x1_ = 0.0, x2_ = 0.0;
-    double y1_ = 0.0, y2_ = 0.0;
+    BiquadHistory history_;
+    bool stale_ = false; ///< settings have changed since the last design
 };
 
 } // namespace velmora
