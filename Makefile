@@ -36,7 +36,7 @@ fuzz: dependencies
 	@scripts/fuzz.sh $(FUZZ_SECONDS)
 
 bench: all
-	@for program in $(BUILD)/bin/bench_*; do "$$program" || exit 1; done
+	@scripts/bench.sh $(BUILD)
 
 install: dependencies
 	@$(call BUILD_PRESET,release) --target velmora_mono

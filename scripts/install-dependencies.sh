@@ -13,6 +13,7 @@ packages=(
     libgtest-dev
     libbenchmark-dev
     libsndfile1-dev
+    python3-minimal
     libcli11-dev
 )
 

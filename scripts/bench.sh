@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Runs every benchmark of a build and prints the tables of docs/performance.md.
+# usage: scripts/bench.sh [BUILD [SECONDS]]     SECONDS of each measurement, of which the best of three counts
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build=${1:-build/release}
+seconds=${2:-0.05}
+out=$build/bench
+rm -rf "$out"
+mkdir -p "$out"
+
+for program in "$build"/bin/bench_*; do
+    name=${program##*/}
+    [[ $name == bench_worst_block ]] && continue
+    echo "$name" >&2
+    "$program" --benchmark_min_time="$seconds" --benchmark_repetitions=3 --benchmark_out="$out/$name.json" \
+        --benchmark_out_format=json >/dev/null 2>"$out/$name.log" || { cat "$out/$name.log" >&2; exit 1; }
+done
+echo bench_worst_block >&2
+"$build/bin/bench_worst_block" >"$out/worst_block.txt"
+
+python3 scripts/bench_tables.py "$out" | tee "$out/tables.md"
