@@ -13,7 +13,7 @@ packages=(
     libgtest-dev
     libbenchmark-dev
     libsndfile1-dev
-    python3-minimal
+    python3
     libcli11-dev
 )
 
