@@ -29,11 +29,13 @@ VELMORA_KERNEL Offsets lineOffsets(const double* x, const LevelRates& rates)
     const double keepRising = 1.0 - rates.attack;
     const double keepFalling = 1.0 - rates.release;
     std::array<Lanes4, kLines> best{};
+#pragma GCC unroll 4 // the lines then stay in registers
     for (std::size_t s = 0; s < kGroup; ++s) {
         const Lanes4 magnitude = absLanes(Lanes4{x[s], x[s + kGroup], x[s + 2 * kGroup], x[s + 3 * kGroup]});
         const Lanes4 rise = magnitude * rates.attack;
         const Lanes4 fall = magnitude * rates.release;
         best[s + 1] = best[s] * keepRising + rise;
+#pragma GCC unroll 4
         for (std::size_t rises = s; rises > 0; --rises)
             best[rises] = maxLanes(best[rises] * keepFalling + fall, best[rises - 1] * keepRising + rise);
         best[0] = best[0] * keepFalling + fall;
