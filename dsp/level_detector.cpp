@@ -30,16 +30,18 @@ VELMORA_KERNEL V gatherLanes(const double* from)
 
 /// Offsets of the lines of neighbouring groups, by number of rises.
 template <typename V>
-using Offsets = std::array<std::array<double, kLaneCount<V>>, kLines>;
+using Offsets = std::array<V, kLines>;
 
 template <typename V>
-VELMORA_KERNEL Offsets<V> lineOffsets(const double* x, const LevelRates& rates)
+VELMORA_KERNEL void findOffsets(const double* x, const LevelRates& rates, Offsets<V>& best)
 {
     const double keepRising = 1.0 - rates.attack;
     const double keepFalling = 1.0 - rates.release;
-    std::array<V, kLines> best{};
+    const V first = absLanes(gatherLanes<V>(x));
+    best[0] = first * rates.release;
+    best[1] = first * rates.attack;
 #pragma GCC unroll 4 // the lines then stay in registers
-    for (std::size_t s = 0; s < kGroup; ++s) {
+    for (std::size_t s = 1; s < kGroup; ++s) {
         const V magnitude = absLanes(gatherLanes<V>(x + s));
         const V rise = magnitude * rates.attack;
         const V fall = magnitude * rates.release;
@@ -49,9 +51,6 @@ VELMORA_KERNEL Offsets<V> lineOffsets(const double* x, const LevelRates& rates)
             best[rises] = maxLanes(best[rises] * keepFalling + fall, best[rises - 1] * keepRising + rise);
         best[0] = best[0] * keepFalling + fall;
     }
-    Offsets<V> offsets;
-    for (std::size_t rises = 0; rises < kLines; ++rises) storeLanes(offsets[rises].data(), best[rises]);
-    return offsets;
 }
 
 VELMORA_KERNEL double higher(double a, double b)
@@ -65,9 +64,11 @@ VELMORA_KERNEL std::size_t followGroups(const double* x, std::size_t frames, dou
                                         const LevelRates& rates)
 {
     constexpr std::size_t groups = kLaneCount<V>;
+    Offsets<V> offsets;
     std::size_t i = 0;
     for (; i + groups * kGroup <= frames; i += groups * kGroup) {
-        const Offsets<V> offsets = lineOffsets<V>(x + i, rates);
+        findOffsets<V>(x + i, rates, offsets);
+#pragma GCC unroll 4
         for (std::size_t group = 0; group < groups; ++group) {
             const auto line = [&](std::size_t rises) {
                 return level * rates.groupKeep[rises] + offsets[rises][group];
