@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-/// The whole strip as a host runs it: the built plug-in, or the one that the environment's VELMORA_PLUGIN names,
-/// so that two builds can be compared by the same program.
+/// The whole strip as a host runs it: the built plug-in, or the one that the environment's VELMORA_PLUGIN
+/// names, so that two builds can be compared by the same program.
 namespace velmora::bench {
 namespace {
 
@@ -28,6 +28,37 @@ Settings emptyRack()
 {
     Settings settings;
     for (const RoleWindow& window : kRoleWindows) settings.emplace_back(typeId(window.role), 0.0);
+    return settings;
+}
+
+/// The heaviest variant of every role at work, and the heaviest of all modules, the Pre 60s, in both inserts:
+/// found by trying each variant, and each of its parameters for what it adds.
+Settings heaviestRack()
+{
+    constexpr double kVariants = 15.0; // of a fixed role's Type
+    constexpr double kOn = 1.0, kSteepest = 1.0, kAutoMute = 0.5;
+    struct Row {
+        Role role;
+        double type;
+        std::vector<std::pair<ParameterId, double>> own; // offset in the window, value
+    };
+    const double pre60s = 2 / 255.0;
+    Settings settings;
+    for (const auto& [role, type, own] : {
+             Row{Role::Input, 2 / kVariants, {{25, kAutoMute}}},
+             Row{Role::Filters, 3 / kVariants, {{18, kSteepest}, {26, kSteepest}}},
+             Row{Role::Expander, 1 / kVariants, {{20, 1.0}, {23, kOn}, {25, kOn}}}, // expands, key filters in
+             Row{Role::Compressor, 3 / kVariants, {{kSideChainOffset, kOn}, {18, 0.0}}}, // lowest threshold
+             Row{Role::Eq, 3 / kVariants, {}},
+             Row{Role::Limiter, 12 / kVariants, {{29, 0.5}}}, // a shape with a curve
+             Row{Role::Output, 1 / kVariants, {}},
+             Row{Role::InsertX, pre60s, {{25, kAutoMute}}},
+             Row{Role::InsertY, pre60s, {{25, kAutoMute}}},
+         }) {
+        settings.emplace_back(typeId(role), type);
+        for (const auto& [offset, value] : own)
+            settings.emplace_back(roleWindow(role).windowBase + offset, value);
+    }
     return settings;
 }
 
@@ -47,7 +78,8 @@ const host::PluginLibrary& pluginLibrary()
     return library;
 }
 
-/// Programme that keeps level-dependent modules at work: two tones whose level swells, and a little beating key.
+/// Programme that keeps level-dependent modules at work: two tones whose level swells, and a little beating
+/// key.
 template <typename Sample>
 struct HostBuffers {
     static constexpr std::size_t kLength = 1 << 15;
@@ -109,17 +141,17 @@ BENCHMARK(yardstick);
 void registerRack(const std::string& name, const Settings& settings, std::int32_t frames, int rate)
 {
     const std::string place = "/block:" + std::to_string(frames) + "/rate:" + std::to_string(rate);
-    benchmark::RegisterBenchmark(("rack/" + name + "/float" + place).c_str(), runRack<float>, settings, frames,
-                                 rate)
+    benchmark::RegisterBenchmark(("rack/" + name + "/float" + place).c_str(), runRack<float>, settings,
+                                 frames, rate)
         ->MinTime(0.1);
-    benchmark::RegisterBenchmark(("rack/" + name + "/double" + place).c_str(), runRack<double>, settings, frames,
-                                 rate)
+    benchmark::RegisterBenchmark(("rack/" + name + "/double" + place).c_str(), runRack<double>, settings,
+                                 frames, rate)
         ->MinTime(0.1);
 }
 
 const bool registered = [] {
-    for (const auto& [name, settings] :
-         {std::pair{"empty", emptyRack()}, std::pair{"preset0", Settings{}}})
+    for (const auto& [name, settings] : {std::pair{"empty", emptyRack()}, std::pair{"preset0", Settings{}},
+                                         std::pair{"heaviest", heaviestRack()}})
         for (const std::int32_t frames : {16, 64, 256, 1024})
             for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000, 384000})
                 registerRack(name, settings, frames, rate);
