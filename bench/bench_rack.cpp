@@ -1,5 +1,5 @@
 #include "bench/module_bench.h"
-#include "params/type_codes.h"
+#include "params/parameter_ids.h"
 #include "tools/host/loaded_plugin.h"
 #include "tools/host/private_home.h"
 
@@ -31,8 +31,8 @@ Settings emptyRack()
     return settings;
 }
 
-/// The heaviest variant of every role at work, and the heaviest of all modules, the Pre 60s, in both inserts:
-/// found by trying each variant, and each of its parameters for what it adds.
+/// The heaviest variant of every role at work (as bench_modules shows them), and the heaviest of all, the Pre
+/// 60s, in both inserts. Settings are those that cost most when each parameter was tried by itself.
 Settings heaviestRack()
 {
     constexpr double kVariants = 15.0; // of a fixed role's Type
@@ -59,14 +59,6 @@ Settings heaviestRack()
         for (const auto& [offset, value] : own)
             settings.emplace_back(roleWindow(role).windowBase + offset, value);
     }
-    return settings;
-}
-
-/// An insert with one module in an otherwise empty rack: what a module costs in its place.
-Settings oneModule(std::int32_t code)
-{
-    Settings settings = emptyRack();
-    settings.emplace_back(typeId(Role::InsertX), code / 255.0);
     return settings;
 }
 
@@ -155,8 +147,6 @@ const bool registered = [] {
         for (const std::int32_t frames : {16, 64, 256, 1024})
             for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000, 384000})
                 registerRack(name, settings, frames, rate);
-    for (const ModuleType& type : moduleTypes())
-        registerRack("insert:" + std::string(type.listName), oneModule(type.code), 256, 48000);
     return true;
 }();
 
