@@ -134,11 +134,9 @@ void registerRack(const std::string& name, const Settings& settings, std::int32_
 {
     const std::string place = "/block:" + std::to_string(frames) + "/rate:" + std::to_string(rate);
     benchmark::RegisterBenchmark(("rack/" + name + "/float" + place).c_str(), runRack<float>, settings,
-                                 frames, rate)
-        ->MinTime(0.1);
+                                 frames, rate);
     benchmark::RegisterBenchmark(("rack/" + name + "/double" + place).c_str(), runRack<double>, settings,
-                                 frames, rate)
-        ->MinTime(0.1);
+                                 frames, rate);
 }
 
 const bool registered = [] {
