@@ -1,5 +1,6 @@
 #include "bench/module_bench.h"
 #include "modules/output/strip_effect_output.h"
+#include "tests/plain/master_control.h"
 
 namespace velmora::bench {
 namespace {
@@ -24,6 +25,22 @@ void outputGliding(benchmark::State& state)
     });
 }
 BENCHMARK(outputGliding);
+
+void masterControlPlain(benchmark::State& state)
+{
+    plain::MasterControl control(44100.0);
+    ModuleBuffers buffers;
+    for (auto _ : state) {
+        buffers.refill();
+        double* block = buffers.record.left(0);
+        for (int i = 0; i < kBlock; ++i) block[i] = control.process(block[i], 1.0, true);
+        benchmark::DoNotOptimize(control);
+        benchmark::DoNotOptimize(block[0]);
+    }
+    reportPerSample(state, kBlock);
+}
+BENCHMARK(masterControlPlain)->Name("MasterControl/plain");
+BENCHMARK(outputSteady)->Name("MasterControl/fast"); // level meters included
 
 void outputPassThrough(benchmark::State& state)
 {

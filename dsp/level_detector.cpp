@@ -3,7 +3,7 @@
 #include "dsp/lanes.h"
 #include "dsp/run_widest.h"
 
-#include <algorithm>
+#include <bit>
 
 namespace velmora {
 
@@ -18,29 +18,39 @@ namespace {
 
 constexpr std::size_t kGroup = LevelRates::kGroup;
 constexpr std::size_t kLines = kGroup + 1;
-constexpr std::size_t kGroups = kLaneCount<Lanes4>; // at a time
-constexpr std::size_t kBatch = kGroups * kGroup;
 
-/// Offsets of the lines of each group in a batch, by number of rises.
-using Offsets = std::array<std::array<double, kGroups>, kLines>;
+template <typename V>
+VELMORA_KERNEL V gatherLanes(const double* from)
+{
+    if constexpr (kLaneCount<V> == 2)
+        return V{from[0], from[kGroup]};
+    else
+        return V{from[0], from[kGroup], from[2 * kGroup], from[3 * kGroup]};
+}
 
-VELMORA_KERNEL Offsets lineOffsets(const double* x, const LevelRates& rates)
+/// Offsets of the lines of neighbouring groups, by number of rises.
+template <typename V>
+using Offsets = std::array<V, kLines>;
+
+template <typename V>
+VELMORA_KERNEL void findOffsets(const double* x, const LevelRates& rates, Offsets<V>& best)
 {
     const double keepRising = 1.0 - rates.attack;
     const double keepFalling = 1.0 - rates.release;
-    std::array<Lanes4, kLines> best{};
-    for (std::size_t s = 0; s < kGroup; ++s) {
-        const Lanes4 magnitude = absLanes(Lanes4{x[s], x[s + kGroup], x[s + 2 * kGroup], x[s + 3 * kGroup]});
-        const Lanes4 rise = magnitude * rates.attack;
-        const Lanes4 fall = magnitude * rates.release;
+    const V first = absLanes(gatherLanes<V>(x));
+    best[0] = first * rates.release;
+    best[1] = first * rates.attack;
+#pragma GCC unroll 4 // the lines then stay in registers
+    for (std::size_t s = 1; s < kGroup; ++s) {
+        const V magnitude = absLanes(gatherLanes<V>(x + s));
+        const V rise = magnitude * rates.attack;
+        const V fall = magnitude * rates.release;
         best[s + 1] = best[s] * keepRising + rise;
+#pragma GCC unroll 4
         for (std::size_t rises = s; rises > 0; --rises)
             best[rises] = maxLanes(best[rises] * keepFalling + fall, best[rises - 1] * keepRising + rise);
         best[0] = best[0] * keepFalling + fall;
     }
-    Offsets offsets;
-    for (std::size_t rises = 0; rises < kLines; ++rises) storeLanes(offsets[rises].data(), best[rises]);
-    return offsets;
 }
 
 VELMORA_KERNEL double higher(double a, double b)
@@ -48,22 +58,34 @@ VELMORA_KERNEL double higher(double a, double b)
     return a > b ? a : b;
 }
 
-VELMORA_KERNEL double stepGroup(double level, const LevelRates& rates, const Offsets& offsets,
-                                std::size_t group)
+/// Takes as many groups as fill vectors. @return samples taken
+template <typename V>
+VELMORA_KERNEL std::size_t followGroups(const double* x, std::size_t frames, double& level,
+                                        const LevelRates& rates)
 {
-    const auto line = [&](std::size_t rises) {
-        return level * rates.groupKeep[rises] + offsets[rises][group];
-    };
-    return higher(higher(higher(line(0), line(1)), higher(line(2), line(3))), line(4));
+    constexpr std::size_t groups = kLaneCount<V>;
+    Offsets<V> offsets;
+    std::size_t i = 0;
+    for (; i + groups * kGroup <= frames; i += groups * kGroup) {
+        findOffsets<V>(x + i, rates, offsets);
+#pragma GCC unroll 4
+        for (std::size_t group = 0; group < groups; ++group) {
+            const auto line = [&](std::size_t rises) {
+                return level * rates.groupKeep[rises] + offsets[rises][group];
+            };
+            level = higher(higher(higher(line(0), line(1)), higher(line(2), line(3))), line(4));
+        }
+    }
+    return i;
 }
 
+// What is taken in groups, and so the rounding, must not depend on the width.
+template <std::size_t width>
 VELMORA_KERNEL double followBlock(const double* x, std::size_t frames, double level, const LevelRates& rates)
 {
     std::size_t i = 0;
-    for (; i + kBatch <= frames; i += kBatch) {
-        const Offsets offsets = lineOffsets(x + i, rates);
-        for (std::size_t group = 0; group < kGroups; ++group) level = stepGroup(level, rates, offsets, group);
-    }
+    if constexpr (width > 2) i = followGroups<Lanes4>(x, frames, level, rates);
+    i += followGroups<Lanes2>(x + i, frames - i, level, rates);
     for (; i < frames; ++i) {
         const double magnitude = std::fabs(x[i]);
         level = higher(level * (1.0 - rates.attack) + magnitude * rates.attack,
@@ -72,13 +94,47 @@ VELMORA_KERNEL double followBlock(const double* x, std::size_t frames, double le
     return level;
 }
 
+VELMORA_KERNEL bool sameSamples(const double* a, const double* b, std::size_t frames)
+{
+    std::uint64_t difference = 0;
+    for (std::size_t i = 0; i < frames; ++i)
+        difference |= std::bit_cast<std::uint64_t>(a[i]) ^ std::bit_cast<std::uint64_t>(b[i]);
+    return difference == 0;
+}
+
 } // namespace
 
 void LevelDetector::processBlock(const double* x, std::int32_t frames, const LevelRates& rates)
 {
     if (frames <= 0) return;
     double level = level_;
-    runWidest([&] { level = followBlock(x, static_cast<std::size_t>(frames), level, rates); });
+    runWidest(
+        [&](auto width) { level = followBlock<width>(x, static_cast<std::size_t>(frames), level, rates); });
+    land(level, x, frames, rates);
+}
+
+void LevelDetector::processBlocks(LevelDetector& left, const double* xLeft, LevelDetector& right,
+                                  const double* xRight, std::int32_t frames, const LevelRates& rates)
+{
+    if (frames <= 0) return;
+    const auto count = static_cast<std::size_t>(frames);
+    std::array<double, 2> levels{left.level_, right.level_};
+    bool same = left == right;
+    runWidest([&](auto width) {
+        same = same && (xLeft == xRight || sameSamples(xLeft, xRight, count));
+        const std::array<const double*, 2> x{xLeft, xRight};
+        for (std::size_t c = 0; c < (same ? 1 : 2); ++c)
+            levels[c] = followBlock<width>(x[c], count, levels[c], rates);
+    });
+    left.land(levels[0], xLeft, frames, rates);
+    if (same)
+        right = left;
+    else
+        right.land(levels[1], xRight, frames, rates);
+}
+
+void LevelDetector::land(double level, const double* x, std::int32_t frames, const LevelRates& rates)
+{
     if (std::isfinite(level))
         level_ = flush(level, kFlush);
     else // what exactly becomes of an infinity depends on where it stands

@@ -46,8 +46,13 @@ public:
 
     /// Ends where `process` over all samples would, but for rounding.
     void processBlock(const double* x, std::int32_t frames, const LevelRates& rates);
+    /// The same for both sides of a pair; costs one alone while they stand alike and see the same samples.
+    static void processBlocks(LevelDetector& left, const double* xLeft, LevelDetector& right,
+                              const double* xRight, std::int32_t frames, const LevelRates& rates);
 
 private:
+    void land(double level, const double* x, std::int32_t frames, const LevelRates& rates);
+
     static constexpr double kFlush = 1e-14;
 
     double level_ = 0.0;

@@ -1,8 +1,6 @@
 #include "dsp/level_meter.h"
 
 #include <cmath>
-#include <cstddef>
-#include <cstring>
 
 namespace velmora {
 
@@ -18,11 +16,6 @@ double meterRate(double milliseconds, double sampleRate, double residue)
     return 1.0 - std::pow(residue, 1.0 / (milliseconds * sampleRate * kMilli));
 }
 
-bool sameSamples(const double* a, const double* b, std::int32_t frames)
-{
-    return a == b || std::memcmp(a, b, static_cast<std::size_t>(frames) * sizeof(double)) == 0;
-}
-
 } // namespace
 
 LevelRates levelMeterRates(double sampleRate)
@@ -31,19 +24,6 @@ LevelRates levelMeterRates(double sampleRate)
     const double releaseMs = std::pow(100.0, 0.4) * 100.0;
     return {attackMs > 0.05 ? meterRate(attackMs, sampleRate, kAttackResidue) : 1.0,
             meterRate(releaseMs, sampleRate, kReleaseResidue)};
-}
-
-void LevelMeter::processBlock(const double* left, const double* right, std::int32_t frames,
-                              const LevelRates& rates)
-{
-    if (frames <= 0) return;
-    const bool mono = left_ == right_ && sameSamples(left, right, frames);
-    left_.processBlock(left, frames, rates);
-    if (mono)
-        right_ = left_;
-    else
-        right_.processBlock(right, frames, rates);
-    showHigher();
 }
 
 } // namespace velmora

@@ -41,7 +41,11 @@ public:
         left_.processBlock(x, frames, rates);
         reading_ = left_.level();
     }
-    void processBlock(const double* left, const double* right, std::int32_t frames, const LevelRates& rates);
+    void processBlock(const double* left, const double* right, std::int32_t frames, const LevelRates& rates)
+    {
+        LevelDetector::processBlocks(left_, left, right_, right, frames, rates);
+        showHigher();
+    }
 
     bool standsWith(const LevelMeter& other) const { return left_ == other.left_ && right_ == other.right_; }
     /// Takes over the state of a meter that has seen the same signal.

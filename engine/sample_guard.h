@@ -1,7 +1,7 @@
 #pragma once
 
-#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace velmora {
 
@@ -9,10 +9,12 @@ namespace velmora {
 inline constexpr double kSampleLimit = 1e6;
 
 /// Makes a host's sample fit for the modules: NaN and infinities become silence, magnitudes stay within
-/// the limit.
+/// the limit. Without a branch, so that a loop over samples becomes one over vectors.
 inline double guardSample(double x)
 {
-    return std::isfinite(x) ? std::clamp(x, -kSampleLimit, kSampleLimit) : 0.0;
+    const double fromBelow = x < -kSampleLimit ? -kSampleLimit : x;
+    const double held = fromBelow > kSampleLimit ? kSampleLimit : fromBelow;
+    return std::fabs(x) <= std::numeric_limits<double>::max() ? held : 0.0;
 }
 
 } // namespace velmora

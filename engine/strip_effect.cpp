@@ -23,7 +23,7 @@ void StripEffect::processThrough(const AudioRecord& in, const AudioRecord& out, 
         outMeter.follow(inMeter);
     else
         meterOutBlock(left, right, frames);
-    for (int pair = 0; pair < AudioRecord::kPairs; ++pair) {
+    for (int pair = 0; outputMask >> pair != 0 && pair < AudioRecord::kPairs; ++pair) {
         if ((outputMask >> pair & 1) == 0) continue;
         if (out.left(pair) != left) std::copy_n(left, frames, out.left(pair));
         if (out.right(pair) != right) std::copy_n(right, frames, out.right(pair));

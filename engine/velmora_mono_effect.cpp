@@ -1,6 +1,7 @@
 #include "engine/velmora_mono_effect.h"
 
-#include "engine/sample_guard.h"
+#include "dsp/flush_to_zero.h"
+#include "engine/host_samples.h"
 #include "params/catalogue.h"
 #include "params/type_codes.h"
 
@@ -31,39 +32,6 @@ bool isOn(double value)
 double clampReading(double value)
 {
     return value > 0.0 ? std::min(value, 1.0) : 0.0;
-}
-
-template <typename Sample>
-const Sample* orElse(const Sample* pointer, const Sample* fallback)
-{
-    return pointer != nullptr ? pointer : fallback;
-}
-
-// What each work channel reads; a host with fewer inputs feeds the main signal to the auxiliary pair.
-template <typename Sample>
-std::array<const Sample*, 4> chooseSources(Sample** inputs)
-{
-    const Sample* main = inputs[0];
-    const Sample* second = orElse<Sample>(inputs[1], main);
-    const Sample* aux = orElse<Sample>(inputs[2], main);
-    return {main, second, aux, orElse<Sample>(inputs[3], orElse<Sample>(inputs[2], second))};
-}
-
-// Widens guarded samples to a work channel; a missing source is silence.
-template <typename Sample>
-void readSamples(const Sample* source, double* channel, std::int32_t start, std::int32_t count)
-{
-    if (source == nullptr)
-        std::fill_n(channel, count, 0.0);
-    else
-        for (std::int32_t i = 0; i < count; ++i) channel[i] = guardSample(source[start + i]);
-}
-
-template <typename Sample>
-void writeSamples(const double* channel, Sample* output, std::int32_t start, std::int32_t count)
-{
-    if (output == nullptr) return;
-    for (std::int32_t i = 0; i < count; ++i) output[start + i] = static_cast<Sample>(channel[i]);
 }
 
 } // namespace
@@ -245,6 +213,7 @@ void VelmoraMonoEffect::processBypassedDouble(double** inputs, double** outputs,
 template <typename Sample>
 void VelmoraMonoEffect::process(Sample** inputs, Sample** outputs, std::int32_t frames)
 {
+    const FlushToZero denormalsOff;
     if (!wasProcessing) {
         lastProcessOn = processOn;
         fade.startIn();
@@ -263,6 +232,7 @@ void VelmoraMonoEffect::process(Sample** inputs, Sample** outputs, std::int32_t 
 template <typename Sample>
 void VelmoraMonoEffect::processBypassed(Sample** inputs, Sample** outputs, std::int32_t frames)
 {
+    const FlushToZero denormalsOff;
     if (wasProcessing && processOn) fade.startOut();
     wasProcessing = false;
     if (fade.fadingOut())
@@ -294,8 +264,7 @@ void VelmoraMonoEffect::activeBlock(Sample** inputs, Sample** outputs, std::int3
     for (std::int32_t start = 0; start < frames; start += kSubBlock) {
         const std::int32_t count = std::min(kSubBlock, frames - start);
         // Every source is read before anything is written: a host may hand in one buffer for both.
-        for (unsigned c = 0; c < kChannels; ++c)
-            readSamples(sources[c], blockBuffers[c].data(), start, count);
+        readSamples(sources, blockBuffers, start, count);
         runSubBlock(count);
         writeSamples(blockBuffers[0].data(), outputs[1], start, count);
         writeSamples(blockBuffers[0].data(), outputs[0], start, count);

@@ -14,6 +14,15 @@ public:
     /// Ends a glide at once.
     void reset(double gain) { gainStage_.fill(gain); }
 
+    /// True if no further sample would move the gain, which is then `gain`.
+    bool rests(double gainTarget) const
+    {
+        FaderSmoother next = *this;
+        next.process(gainTarget);
+        return next.gainStage_ == gainStage_;
+    }
+    double gain() const { return gainStage_.back(); }
+
     /// One sample towards `gainTarget`. @return the smoothed gain for this sample.
     double process(double gainTarget)
     {

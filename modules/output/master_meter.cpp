@@ -1,5 +1,7 @@
 #include "modules/output/master_meter.h"
 
+#include "dsp/flush.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,11 +11,17 @@ namespace {
 
 constexpr double kMinRate = 44100.0;
 constexpr double kMaxRate = 384000.0;
-constexpr double kPeakReleaseTime = 1.2; // seconds
-constexpr double kPeakResidue = 0.109;   // -19.25 dB
+constexpr double kPeakReleaseTime = 1.2;  // seconds
+constexpr double kPeakResidue = 0.109;    // -19.25 dB
+constexpr double kMeanSquareCutoff = 1.0; // Hz
+constexpr double kMeanSquareQ = 0.5;
+constexpr double kFlush = 1e-30;         // a level that nobody feeds would end as a denormal number
 constexpr double kMeterScale = 0.316228; // +10 dB above full scale reads 1
 constexpr double kSineCrest = 1.4142;
 
+constexpr double kFullScale = 1.0;
+constexpr std::uint32_t kClipRunLimit = 3;
+constexpr std::int32_t kFreshClip = 4;
 constexpr std::int32_t kFadingClip = 1;
 constexpr double kFadePerRead = 0.05;
 constexpr double kFadedClip = 0.5;
@@ -68,6 +76,60 @@ void QORmasterMeter::markBlockStart()
     for (std::size_t c = 0; c < kChannels; ++c) {
         peakAtBlockStart[c] = static_cast<double>(peak[c]);
         rmsAtBlockStart[c] = static_cast<double>(rms[c]);
+    }
+}
+
+void QORmasterMeter::resetMeanSquare(double hz)
+{
+    meanSquareFilter = designBiquad(
+        {StripBiquadKind::LowPass, kMeanSquareCutoff, kMeanSquareQ, 0.0, std::clamp(hz, kMinRate, kMaxRate)});
+    meanSquare = {};
+}
+
+void QORmasterMeter::measure(std::size_t channel, const double* x, std::int32_t frames)
+{
+    const Followers start{peak[channel], meanSquare[channel]};
+    Followers end = follow<false>(start, x, frames);
+    if (!std::isfinite(end.meanSquare.y1)) end = follow<true>(start, x, frames);
+    peak[channel] = flush(end.peak, kFlush);
+    meanSquare[channel] = end.meanSquare;
+    meanSquare[channel].y1 = flush(end.meanSquare.y1, kFlush);
+    meanSquare[channel].y2 = flush(end.meanSquare.y2, kFlush);
+    rms[channel] = meanSquare[channel].y1;
+    if (end.reachedFullScale)
+        countClips(channel, x, frames);
+    else if (frames > 0)
+        clipRun[channel] = 0;
+}
+
+// Both recursions in one loop: each alone would leave the processor waiting. The mean square's takes its
+// terms in the order of the strip's second-order section; near its poles another order would be heard from
+// afar. Healing lets nothing stay that is no number, and only blocks that meet such need it.
+template <bool healing>
+QORmasterMeter::Followers QORmasterMeter::follow(Followers start, const double* x, std::int32_t frames) const
+{
+    const BiquadCoefficients c = meanSquareFilter;
+    const double fall = peakReleaseCoefficient;
+    auto [held, m, full] = start;
+    for (std::int32_t i = 0; i < frames; ++i) {
+        const double magnitude = std::fabs(x[i]);
+        full |= magnitude >= kFullScale;
+        held = magnitude > held ? magnitude : held - held * fall;
+        double square = magnitude * magnitude;
+        if (healing && std::isnan(square)) square = 0.0;
+        double y = c.b0 * square + c.b1 * m.x1 + c.b2 * m.x2 - c.a1 * m.y1 - c.a2 * m.y2;
+        if (healing && std::isnan(y)) y = m.y1 = 0.0;
+        m = {square, m.x1, y, m.y1};
+    }
+    return {held, m, full};
+}
+
+void QORmasterMeter::countClips(std::size_t channel, const double* x, std::int32_t frames)
+{
+    for (std::int32_t i = 0; i < frames; ++i) {
+        clipRun[channel] = std::fabs(x[i]) >= kFullScale ? clipRun[channel] + 1 : 0;
+        if (clipRun[channel] >= kClipRunLimit)
+            clipTimer[channel].store(kFreshClip, std::memory_order_relaxed);
     }
 }
 

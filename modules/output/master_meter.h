@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dsp/flush.h"
+#include "dsp/biquad_design.h"
 #include "dsp/meter_cell.h"
 
 #include <array>
@@ -41,30 +41,30 @@ protected:
     /// Call at the head of each block: what stood there counts in the readings as long as the block runs.
     void markBlockStart();
 
-    /// Clip and peak steps of one sample. @param magnitude rectified level, linear.
-    void detect(std::size_t channel, double magnitude)
-    {
-        if (magnitude >= kFullScale) {
-            if (++clipRun[channel] >= kClipRunLimit)
-                clipTimer[channel].store(kFreshClip, std::memory_order_relaxed);
-        } else {
-            clipRun[channel] = 0;
-        }
-        const double held = peak[channel];
-        peak[channel] = magnitude > held ? magnitude : flush(held - held * peakReleaseCoefficient, kFlush);
-    }
+    /// Measures a block of one channel. @param x linear, of any sign.
+    void measure(std::size_t channel, const double* x, std::int32_t frames);
 
-    /// Keeps the mean square of one sample.
-    void setMeanSquare(std::size_t channel, double meanSquare) { rms[channel] = meanSquare; }
+    /// Brings the mean square of both channels to rest, for a rate in Hz.
+    void resetMeanSquare(double hz);
 
     /// Shows the left readings on the right; the right clip indicator stays as it is.
     void mirrorLeft();
 
 private:
-    static constexpr double kFullScale = 1.0;
-    static constexpr std::uint32_t kClipRunLimit = 3;
-    static constexpr std::int32_t kFreshClip = 4;
-    static constexpr double kFlush = 1e-30; // a peak that nobody feeds would end as a denormal number
+    /// The mean square's filter at work: the last two squares, and what came out for them.
+    struct MeanSquare {
+        double x1 = 0.0, x2 = 0.0;
+        double y1 = 0.0, y2 = 0.0;
+    };
+    /// What a block is followed with.
+    struct Followers {
+        double peak;
+        MeanSquare meanSquare;
+        bool reachedFullScale = false;
+    };
+    template <bool healing>
+    Followers follow(Followers start, const double* x, std::int32_t frames) const;
+    void countClips(std::size_t channel, const double* x, std::int32_t frames);
 
     std::array<MeterCell, kChannels> peak;
     std::array<MeterCell, kChannels> rms; ///< mean square; the root is taken by the reading
@@ -74,6 +74,8 @@ private:
     std::array<std::atomic<std::int32_t>, kChannels> clipTimer{}; ///< 0 off, 4 just clipped, 1 fading
     std::array<MeterCell, kChannels> clipShown;
     double peakReleaseCoefficient = 1.0;
+    std::array<MeanSquare, kChannels> meanSquare{};
+    BiquadCoefficients meanSquareFilter;
 
     static_assert(std::atomic<std::int32_t>::is_always_lock_free);
 };

@@ -25,14 +25,7 @@ enum Meter : std::uint32_t { PeakL = 2, PeakR, RmsL, RmsR, ClipL, ClipR };
 constexpr double kPanStepHz = 2.2049999442970147;
 constexpr double kGainStepHz = 44.1000020946376;
 
-constexpr double kRmsCutoff = 1.0; // Hz
-constexpr double kRmsQ = 0.5;
 constexpr double kFlush = 1e-14;
-
-StripBiquad rmsFilter()
-{
-    return StripBiquad(StripBiquadKind::LowPass, kRmsCutoff, kRmsQ);
-}
 
 void glide(double& current, double target, double coefficient)
 {
@@ -43,7 +36,7 @@ void glide(double& current, double target, double coefficient)
 
 StripEffectOutput::StripEffectOutput(std::uint32_t windowBaseId, std::uint32_t meterBaseId,
                                      std::uint32_t localBaseId)
-    : StripEffect(windowBaseId, meterBaseId, localBaseId), rmsFilters{rmsFilter(), rmsFilter()}
+    : StripEffect(windowBaseId, meterBaseId, localBaseId)
 {
     StripEffectOutput::reset();
 }
@@ -52,11 +45,7 @@ void StripEffectOutput::reset()
 {
     resetMeterState();
     setMeterRate(sampleRate);
-    for (StripBiquad& filter : rmsFilters) {
-        filter.setEnabled(true); // first, since a disabled section designs unity
-        filter.setSampleRate(sampleRate);
-        filter.resetState();
-    }
+    resetMeanSquare(sampleRate);
     updateCoefficients();
     widthCurrent = widthTarget;
     balanceLeftCurrent = balanceLeftTarget;
@@ -120,33 +109,36 @@ void StripEffectOutput::loadDefaults()
     writeDefaults(kOutputCode);
 }
 
-void StripEffectOutput::measure(std::size_t channel, double magnitude)
-{
-    detect(channel, magnitude);
-    setMeanSquare(channel, rmsFilters[channel].runSample(magnitude * magnitude));
-}
-
 void StripEffectOutput::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
 {
     if (passesThrough()) {
         processThrough(in, out, frames);
         return;
     }
+    if (frames <= 0) return;
     markBlockStart();
     const double* input = in.left(0);
-    const bool afterFader = measuresAfterFader();
-    const double target = gainTarget;
-    FaderSmoother gain = fader;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double x = input[i];
-        meterInMono(x);
-        const double y = x * gain.process(target);
-        measure(Left, std::fabs(afterFader ? y : x));
-        meterOutMono(y);
-        writeMono(out, i, y);
-    }
-    fader = gain;
+    double* result = out.left(0);
+    meterInBlock(input, frames);
+    if (!measuresAfterFader()) measure(Left, input, frames);
+    if (result != input) std::copy_n(input, frames, result);
+    applyFader(result, frames);
+    std::copy_n(result, frames, out.right(0));
+    meterOutBlock(result, frames);
+    if (measuresAfterFader()) measure(Left, result, frames);
     mirrorLeft();
+}
+
+void StripEffectOutput::applyFader(double* block, std::int32_t frames)
+{
+    if (fader.rests(gainTarget)) {
+        const double gain = fader.gain();
+        for (std::int32_t i = 0; i < frames; ++i) block[i] *= gain;
+        return;
+    }
+    FaderSmoother gain = fader; // a local stays in registers
+    for (std::int32_t i = 0; i < frames; ++i) block[i] *= gain.process(gainTarget);
+    fader = gain;
 }
 
 void StripEffectOutput::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
@@ -164,8 +156,8 @@ void StripEffectOutput::processStereo(const AudioRecord& in, const AudioRecord& 
         const double b = right[i];
         meterInStereo(a, b);
         const StereoFrame mixed = mixStereo(a, b);
-        measure(Left, std::fabs(afterFader ? mixed.left : a));
-        measure(Right, std::fabs(afterFader ? mixed.right : b));
+        measure(Left, afterFader ? &mixed.left : &a, 1);
+        measure(Right, afterFader ? &mixed.right : &b, 1);
         meterOutStereo(mixed.left, mixed.right);
         for (int pair = 0; pair < AudioRecord::kPairs; ++pair) {
             if ((outputMask >> pair & 1) == 0) continue;

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "dsp/strip_biquad.h"
 #include "engine/strip_effect.h"
 #include "modules/output/fader_smoother.h"
 #include "modules/output/master_meter.h"
-
-#include <array>
 
 namespace velmora {
 
@@ -37,9 +34,7 @@ private:
     bool passesThrough() const { return runFlag == 0 || type == 0; }
     bool measuresAfterFader() const { return measurementPoint > 1; }
     StereoFrame mixStereo(double a, double b);
-    void measure(std::size_t channel, double magnitude);
-
-    std::array<StripBiquad, kChannels> rmsFilters;
+    void applyFader(double* block, std::int32_t frames);
 
     double widthPercent = 100.0; ///< 0..200
     double widthTarget = 1.0;    ///< factor 0..2

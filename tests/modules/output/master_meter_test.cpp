@@ -1,9 +1,13 @@
+#include "params/laws/output_laws.h"
 #include "tests/modules/output/output_rig.h"
+#include "tests/plain/master_control.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <cstdio>
+#include <limits>
+#include <random>
 #include <thread>
 
 namespace velmora::test {
@@ -188,6 +192,62 @@ TEST(MasterMeter, ResetsClearWhatTheyName)
     rig.module.setSampleRate(96000.0);
     dark(rig, Rig::PeakL);
     EXPECT_GT(rig.read(Rig::InLevel), 0.1); // level meters keep going
+}
+
+/// Noise in swells and gaps, over full scale in places, with a few samples that are no numbers.
+std::vector<double> roughSignal(std::size_t length)
+{
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> sample(-1.0, 1.0);
+    std::vector<double> x(length);
+    for (std::size_t i = 0; i < length; ++i)
+        if (i / 5000 % 4 != 2) x[i] = (1.1 + std::sin(0.0007 * static_cast<double>(i))) * sample(random);
+    x[length / 3] = std::numeric_limits<double>::quiet_NaN();
+    x[length / 2] = std::numeric_limits<double>::infinity();
+    std::fill_n(x.begin() + static_cast<std::ptrdiff_t>(length / 4), 300, 1e-310);
+    return x;
+}
+
+TEST(MasterControl, BlocksGiveTheSamplesAndReadingsOfThePlainForm)
+{
+    double worst = 0.0;
+    for (const double rate : {44100.0, 384000.0})
+        for (const bool afterFader : {false, true}) {
+            Rig rig(rate);
+            plain::MasterControl expected(rate);
+            rig.set(Rig::MeasurementPoint, afterFader ? 1.0 : 0.0);
+            const std::vector<double> x = roughSignal(200000);
+            double value = 0.5;
+            std::size_t length = 0;
+            for (std::size_t at = 0; at < x.size(); at += length) {
+                length = std::min(length % 67 + 1, x.size() - at);
+                // Moves for a while, then rests until the smoother stands still.
+                value = at < 20000 ? 0.4 + 0.00001 * static_cast<double>(at % 7000) : 0.75;
+                rig.set(Rig::Gain, value);
+                const std::vector<double> block(x.begin() + static_cast<std::ptrdiff_t>(at),
+                                                x.begin() + static_cast<std::ptrdiff_t>(at + length));
+                const std::vector<double> output = rig.run(block, length);
+                const double peakBefore = expected.peak;
+                const double rmsBefore = expected.rms;
+                for (std::size_t i = 0; i < length; ++i) {
+                    const double y = expected.process(block[i], output::faderGain(value), afterFader);
+                    ASSERT_TRUE(output[i] == y || (std::isnan(y) && std::isnan(output[i]))) << at + i;
+                }
+                const auto compare = [&](Rig::Reading meter, double level) {
+                    const double reading = rig.read(meter);
+                    const double target = std::clamp(level * kScale, 0.0, 1.0);
+                    if (std::isnan(target))
+                        ASSERT_TRUE(std::isnan(reading)) << at;
+                    else
+                        worst = std::max(worst, std::fabs(reading - target));
+                };
+                compare(Rig::PeakL, std::max(expected.peak, peakBefore));
+                compare(Rig::RmsL, 1.4142 * std::max(expected.rms, rmsBefore));
+                ASSERT_EQ(rig.read(Rig::ClipL) > 0.0, expected.clipped) << at;
+            }
+        }
+    std::printf("worst reading %.2g\n", worst);
+    EXPECT_LT(worst, 1e-12);
 }
 
 // The countdown by the reader must never swallow a clip that comes in between.
