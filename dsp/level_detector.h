@@ -33,7 +33,7 @@ public:
 /// @unit linear level in and out.
 class LevelDetector {
 public:
-    void reset() { level_ = 0.0; }
+    void reset(double level = 0.0) { level_ = level; }
     double level() const { return level_; }
     bool operator==(const LevelDetector&) const = default;
 

@@ -1,6 +1,11 @@
 #pragma once
 
-#include "dsp/strip_biquad.h"
+#include "dsp/run_diagonally.h"
+#include "modules/limiter/glided_section.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
 
 namespace velmora::limiter {
 
@@ -11,69 +16,105 @@ public:
     void init();
     void setSampleRate(double hz);
     /// @param highPassHz the HPF control, 10..1000; the shelves sit well below it
-    void setHighPass(double highPassHz);
+    void glideTo(double highPassHz);
+    /// The same while no audio comes by: clears the sections.
+    void placeAt(double highPassHz);
     void reset();
-
-    /// Both pre-emphases, in place.
-    void runPre(double* detect, double* audio, int count)
+    /// Designs what has been set. Outside of kernels.
+    void refresh()
     {
-        for (int i = 0; i < count; ++i) {
-            detect[i] = sidePre.runSample(detect[i]);
-            audio[i] = audioPre.runSample(audio[i]);
-        }
+        pre.refresh();
+        post.refresh();
     }
+
+    /// Both pre-emphases, in place, and `stages` more behind them: `follow(k, index)` is called for each
+    /// sample with k from 0 up, beside the sections that are already samples ahead.
+    template <typename V, std::size_t stages, typename Follow>
+    VELMORA_KERNEL void runPre(double* detect, double* audio, std::size_t count, Follow follow);
 
     /// Applies the gains and takes the pre-emphasis back, in place.
-    void runPost(const double* gains, double* audio, int count)
-    {
-        for (int i = 0; i < count; ++i) audio[i] = audioPost.runSample(gains[i] * audio[i]);
-    }
+    template <typename V>
+    VELMORA_KERNEL void runPost(const double* gains, double* audio, std::size_t count);
 
 private:
     static constexpr double kShelfDb = 20.0;
     static constexpr double kQ = 0.5;
     static constexpr double kStartHz = 10.0;
     static constexpr double kHighPassToShelf = 2.6;
+    static constexpr auto kHealing = GlidedSection::Healing::ClearsBoth;
 
-    static void initShelf(StripBiquad& shelf, double gainDb)
-    {
-        shelf.initStripBiquad(44100.0, StripBiquadKind::LowShelf, kStartHz, kQ, gainDb);
-        shelf.setEnabled(true);
-        shelf.setFrequency(kStartHz); // a section designs itself with its first setting after enabling
-    }
+    void clear() { sideHistory = audioHistory = postHistory = {}; }
 
-    StripBiquad sidePre;
-    StripBiquad audioPre;
-    StripBiquad audioPost;
+    GlidedSection pre;
+    GlidedSection post;
+    SectionHistory sideHistory;
+    SectionHistory audioHistory;
+    SectionHistory postHistory;
 };
 
 inline void Emphasis::init()
 {
-    initShelf(sidePre, -kShelfDb);
-    initShelf(audioPre, -kShelfDb);
-    initShelf(audioPost, kShelfDb);
+    pre.init(StripBiquadKind::LowShelf, kStartHz, kQ, -kShelfDb);
+    post.init(StripBiquadKind::LowShelf, kStartHz, kQ, kShelfDb);
+    clear();
 }
 
 inline void Emphasis::setSampleRate(double hz)
 {
-    sidePre.setSampleRate(hz);
-    audioPre.setSampleRate(hz);
-    audioPost.setSampleRate(hz);
+    pre.setSampleRate(hz);
+    post.setSampleRate(hz);
 }
 
-inline void Emphasis::setHighPass(double highPassHz)
+inline void Emphasis::glideTo(double highPassHz)
 {
-    const double hz = highPassHz / kHighPassToShelf;
-    sidePre.setFrequency(hz);
-    audioPre.setFrequency(hz);
-    audioPost.setFrequency(hz);
+    pre.glideTo(highPassHz / kHighPassToShelf);
+    post.glideTo(highPassHz / kHighPassToShelf);
+}
+
+inline void Emphasis::placeAt(double highPassHz)
+{
+    pre.placeAt(highPassHz / kHighPassToShelf);
+    post.placeAt(highPassHz / kHighPassToShelf);
+    clear();
 }
 
 inline void Emphasis::reset()
 {
-    sidePre.resetState();
-    audioPre.resetState();
-    audioPost.resetState();
+    pre.land();
+    post.land();
+    clear();
+}
+
+// Along diagonals, as the machine can't look far enough ahead to overlap the stages of several samples
+// itself.
+template <typename V, std::size_t stages, typename Follow>
+inline void Emphasis::runPre(double* detect, double* audio, std::size_t count, Follow follow)
+{
+    std::array<double, kChunk> sideForward;
+    std::array<double, kChunk> audioForward;
+    pre.advance(count);
+    pre.feedForward<V>(detect, sideHistory, sideForward.data(), count);
+    pre.feedForward<V>(audio, audioHistory, audioForward.data(), count);
+    SectionHistory side = sideHistory; // locals stay in registers
+    SectionHistory main = audioHistory;
+    runDiagonally<stages + 1>(static_cast<std::int32_t>(count), [&](std::size_t stage, std::int32_t index) {
+        const auto i = static_cast<std::size_t>(index);
+        if (stage > 0) {
+            follow(stage - 1, i);
+        } else {
+            detect[i] = pre.feedBack<kHealing>(sideForward[i], i, side);
+            audio[i] = pre.feedBack<kHealing>(audioForward[i], i, main);
+        }
+    });
+    sideHistory = side;
+    audioHistory = main;
+}
+
+template <typename V>
+inline void Emphasis::runPost(const double* gains, double* audio, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) audio[i] = gains[i] * audio[i];
+    post.run<kHealing, V>(audio, count, postHistory);
 }
 
 } // namespace velmora::limiter

@@ -1,44 +1,54 @@
 #pragma once
 
+#include "dsp/level_detector.h"
 #include "dsp/meter_cell.h"
 #include "dsp/one_pole.h"
-#include "dsp/rise_fall_follower.h"
+#include "modules/limiter/limiter_window.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
 
 namespace velmora::limiter {
 
-/// Gain-reduction reading: follows the gains of a block, drops fast and recovers slowly.
+/// Gain-reduction reading: follows what the gains of a block take away, rises fast and recovers slowly.
 class ReductionMeter {
 public:
-    void setSampleRate(double hz) { grRate = onePoleRate(kSeconds, hz, kResidue); }
+    /// @param rateScale share of the meter's own rate
+    void setRate(double hz, double rateScale)
+    {
+        const double recovery = rateScale * onePoleRate(kSeconds, hz, kResidue);
+        rates = LevelRates(std::sqrt(recovery), recovery);
+    }
     void reset()
     {
-        grFollower.reset(0.0);
-        grMeter = 0.0;
+        detector.reset(1.0);
+        meter = 0.0;
     }
     /// Reading to no reduction; the follower stays.
-    void showNone() { grMeter = 0.0; }
+    void showNone() { meter = 0.0; }
 
-    /// @param rateScale share of the meter's own rate
-    void follow(const double* gains, int count, double rateScale)
+    /// Takes a chunk or a part of one in.
+    void follow(const double* gains, std::int32_t count)
     {
-        grFollower.setRiseCoefficient(rateScale * grRate);
-        grFollower.process(gains, count);
+        std::array<double, kChunk> reduction;
+        for (unsigned i = 0; i < static_cast<unsigned>(count); ++i) reduction[i] = 1.0 - gains[i];
+        detector.processBlock(reduction.data(), count, rates);
     }
     /// Publishes the reading.
-    void show() { grMeter = 1.0 - grFollower.value(); }
+    void show() { meter = detector.level(); }
 
     /// @return reduction 0..1, 0 for none
-    double reading() const { return std::clamp<double>(grMeter, 0.0, 1.0); }
+    double reading() const { return std::clamp<double>(meter, 0.0, 1.0); }
 
 private:
     static constexpr double kSeconds = 0.3f; // single precision, widened
     static constexpr double kResidue = 0.109;
 
-    RiseFallFollower grFollower;
-    double grRate = 0.0;
-    MeterCell grMeter;
+    LevelDetector detector;
+    LevelRates rates;
+    MeterCell meter;
 };
 
 } // namespace velmora::limiter

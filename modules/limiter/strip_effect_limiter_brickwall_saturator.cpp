@@ -3,6 +3,8 @@
 #include "params/laws/limiter_laws.h"
 
 #include <algorithm>
+#include <cmath>
+#include <type_traits>
 
 namespace velmora {
 
@@ -12,7 +14,6 @@ namespace {
 
 constexpr double kChoices = 10.0; // Mode and Shape have eleven positions, most of them undefined
 constexpr double kRestartLevel = 1e-5;
-constexpr double kSaturatorMeterScale = 0.9;
 
 } // namespace
 
@@ -39,9 +40,7 @@ void StripEffectLimiter_BrickWall_Saturator::setSampleRate(double hz)
 // Attack has no effect on these two; the saturator's rates come from Smooth.
 void StripEffectLimiter_BrickWall_Saturator::updateAttack()
 {
-    if (type == kBrickWall)
-        attackMs = std::clamp(limiter::attackMs(attackNorm), 0.1, 100.0);
-    else if (type == kSaturator)
+    if (type == kSaturator)
         saturatorLevel.setTime(smoothNorm, sampleRate);
     else
         StripEffectLimiter_OptoVCA::updateAttack();
@@ -49,12 +48,10 @@ void StripEffectLimiter_BrickWall_Saturator::updateAttack()
 
 void StripEffectLimiter_BrickWall_Saturator::updateRelease()
 {
-    if (type == kBrickWall) {
-        releaseMs = std::clamp(limiter::releaseMs(releaseNorm), 10.0, 1000.0);
-        brickWall.setRelease(releaseMs, sampleRate);
-    } else {
+    if (type == kBrickWall)
+        brickWall.setRates(BrickWallRates::of(std::clamp(releaseMs(releaseNorm), 10.0, 1000.0), sampleRate));
+    else
         StripEffectLimiter_OptoVCA::updateRelease();
-    }
 }
 
 void StripEffectLimiter_BrickWall_Saturator::setType(double value)
@@ -66,11 +63,10 @@ void StripEffectLimiter_BrickWall_Saturator::setType(double value)
 // The shelves follow the detector's high-pass. Sections that the present type leaves idle land at once.
 void StripEffectLimiter_BrickWall_Saturator::setHighPass()
 {
-    emphasis.setHighPass(hpfHz);
     if (type == kSaturator)
-        hpf.resetState();
+        emphasis.glideTo(hpfHz);
     else
-        emphasis.reset();
+        emphasis.placeAt(hpfHz);
 }
 
 void StripEffectLimiter_BrickWall_Saturator::setParameter(std::uint32_t id, double value)
@@ -88,7 +84,7 @@ void StripEffectLimiter_BrickWall_Saturator::setParameter(std::uint32_t id, doub
         break;
     case kSmoothOffset:
         smoothNorm = value;
-        updateAttack(); // at every type: the VCA's slow fall is set anew by it
+        staleAttack(); // at every type: the VCA's slow fall is set anew by it
         break;
     case kShapeOffset:
         shape = decodeStep(value, kChoices);
@@ -106,8 +102,9 @@ void StripEffectLimiter_BrickWall_Saturator::processBrickWall(const AudioRecord&
         processUndefined(in, out, frames);
         return;
     }
-    processChunks(in, out, frames, 1.0, [this](std::int32_t count) {
-        brickWall.process(detect.data(), gains.data(), count, ceilingInverse.value(), mode, soft != 0);
+    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+        brickWall.process<Lanes<width>>(detect.data(), gains.data(), count, ceilingInverse.value(), mode,
+                                        soft != 0);
         applyGains(count);
     });
 }
@@ -119,11 +116,25 @@ void StripEffectLimiter_BrickWall_Saturator::processSaturator(const AudioRecord&
         processUndefined(in, out, frames);
         return;
     }
-    processChunks(in, out, frames, kSaturatorMeterScale, [this](std::int32_t count) {
-        emphasis.runPre(detect.data(), audio.data(), count);
-        saturatorLevel.process(detect.data(), gains.data(), count, ceilingInverse.value(), soft != 0);
-        saturatorGains(static_cast<SaturatorShape>(shape), gains.data(), count);
-        emphasis.runPost(gains.data(), audio.data(), count);
+    emphasis.refresh();
+    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+        const double scale = ceilingInverse.value();
+        SaturatorLevel level = saturatorLevel; // the state stays in registers
+        const auto emphasise = [&](auto isSoft) {
+            constexpr std::size_t kStages = isSoft ? 1 : SaturatorLevel::kStages;
+            emphasis.runPre<Lanes<width>, kStages>(
+                detect.data(), audio.data(), count, [&](std::size_t stage, std::size_t i) {
+                    gains[i] =
+                        level.step<isSoft>(stage, stage == 0 ? std::fabs(detect[i]) * scale : gains[i]);
+                });
+        };
+        if (soft != 0)
+            emphasise(std::true_type{});
+        else
+            emphasise(std::false_type{});
+        saturatorLevel = level;
+        saturatorGains<Lanes<width>>(static_cast<SaturatorShape>(shape), gains.data(), count);
+        emphasis.runPost<Lanes<width>>(gains.data(), audio.data(), count);
     });
 }
 

@@ -14,14 +14,14 @@ constexpr double kDetectorHighPassQ = 0.5;
 constexpr double kHighPassOffHz = 10.0;
 constexpr double kHighPassMaxHz = 1000.0;
 constexpr double kRestartLevel = 1e-5;
+constexpr double kSaturatorMeterScale = 0.9; // share of the gain-reduction meter's rate
 
 } // namespace
 
 void StripEffectLimiter_OptoVCA::initFilters()
 {
-    hpf.initStripBiquad(kMinSampleRate, StripBiquadKind::HighPass, kHighPassOffHz, kDetectorHighPassQ, 1.0);
-    hpf.setEnabled(true);
-    hpf.setFrequency(kHighPassOffHz); // a section designs itself with its first setting after enabling
+    highPass.init(StripBiquadKind::HighPass, kHighPassOffHz, kDetectorHighPassQ, 1.0);
+    highPassHistory = {};
 }
 
 void StripEffectLimiter_OptoVCA::reset()
@@ -33,46 +33,58 @@ void StripEffectLimiter_OptoVCA::reset()
     audio.fill(0.0);
     detect.fill(0.0);
     gains.fill(1.0);
-    reductionMeter.setSampleRate(sampleRate);
     reductionMeter.reset();
-    updateAttack();
-    updateRelease();
-    hpf.resetState();
+    staleAttack();
+    staleRelease();
+    highPass.land();
+    highPassHistory = {};
 }
 
 void StripEffectLimiter_OptoVCA::setSampleRate(double hz)
 {
     sampleRate = std::clamp(hz, kMinSampleRate, kMaxSampleRate);
     chunkRate = GlidedGain::chunkRate(sampleRate);
-    reductionMeter.setSampleRate(sampleRate);
-    opto.setSampleRate(sampleRate);
-    hpf.setSampleRate(sampleRate);
-    updateAttack();
-    updateRelease();
+    opto.rates.setSampleRate(sampleRate);
+    highPass.setSampleRate(sampleRate);
+    staleAttack();
+    staleRelease();
+    meterStale = true;
 }
 
 void StripEffectLimiter_OptoVCA::updateAttack()
 {
     if (type == kOpto)
-        attackMs = opto.setAttack(attackNorm, sampleRate);
+        opto.rates.setAttack(attackNorm, sampleRate);
     else if (type == kVca)
-        attackMs = vca.setAttack(attackNorm, releaseNorm, sampleRate);
+        vca.rates.setAttack(attackNorm, releaseNorm, sampleRate);
 }
 
 void StripEffectLimiter_OptoVCA::updateRelease()
 {
     if (type == kOpto)
-        releaseMs = opto.setRelease(releaseNorm, sampleRate);
+        opto.rates.setRelease(releaseNorm, sampleRate);
     else if (type == kVca)
-        releaseMs = vca.setRelease(attackNorm, releaseNorm, sampleRate);
+        vca.rates.setRelease(attackNorm, releaseNorm, sampleRate);
+}
+
+// However often the controls were set, they are worked out once. The one that was set last rules the VCA's
+// slow fall, so it goes last.
+void StripEffectLimiter_OptoVCA::refreshRates()
+{
+    if (meterStale) reductionMeter.setRate(sampleRate, type == kSaturator ? kSaturatorMeterScale : 1.0);
+    if (attackStale && !attackLast) updateAttack();
+    if (releaseStale) updateRelease();
+    if (attackStale && attackLast) updateAttack();
+    attackStale = releaseStale = meterStale = false;
 }
 
 void StripEffectLimiter_OptoVCA::setType(std::int32_t newType)
 {
     if (newType == type) return;
     type = newType;
-    updateAttack();
-    updateRelease();
+    staleAttack();
+    staleRelease();
+    meterStale = true;
     opto.restart(kRestartLevel);
     vca.restart(kRestartLevel);
     if (!limits(type)) reductionMeter.showNone();
@@ -82,7 +94,12 @@ void StripEffectLimiter_OptoVCA::setHighPass(double value)
 {
     hpfHz = std::clamp(highPassHz(value), kHighPassOffHz, kHighPassMaxHz);
     hpfOn = hpfHz > kHighPassOffHz;
-    hpf.setFrequency(hpfHz);
+    if (type == kSaturator) {
+        highPass.placeAt(hpfHz); // idle here
+        highPassHistory = {};
+    } else {
+        highPass.glideTo(hpfHz);
+    }
 }
 
 void StripEffectLimiter_OptoVCA::setParameter(std::uint32_t id, double value)
@@ -99,11 +116,11 @@ void StripEffectLimiter_OptoVCA::setParameter(std::uint32_t id, double value)
         break;
     case kAttackOffset:
         attackNorm = value;
-        updateAttack();
+        staleAttack();
         break;
     case kReleaseOffset:
         releaseNorm = value;
-        updateRelease();
+        staleRelease();
         break;
     case kCeilingOffset:
         ceilingInverse.setTarget(std::pow(10.0, -ceilingDb(value) / 20.0));
@@ -148,43 +165,18 @@ void StripEffectLimiter_OptoVCA::setLimiterActive(double state)
     reset();
 }
 
-void StripEffectLimiter_OptoVCA::loadChunk(const AudioRecord& in, std::int32_t start, std::int32_t count)
-{
-    const double* main = in.left(0) + start;
-    const double* key = in.left(sideChainSource) + start;
-    for (unsigned i = 0; i < static_cast<unsigned>(count); ++i) {
-        audio[i] = main[i];
-        detect[i] = key[i];
-    }
-}
-
-// Monitor replaces the output alone; detector and meters go on. The two meters are chains of their own that
-// run side by side, so the input is read here once more, before the output takes its place.
-void StripEffectLimiter_OptoVCA::storeChunk(const AudioRecord& in, const AudioRecord& out, std::int32_t start,
-                                            std::int32_t count)
-{
-    const double* main = in.left(0) + start;
-    const double gain = outputGain.value();
-    for (std::int32_t i = 0; i < count; ++i) {
-        const auto n = static_cast<unsigned>(i);
-        const double y = monitor != 0 ? detect[n] : audio[n] * gain;
-        meterInMono(main[i]);
-        meterOutMono(y);
-        writeMono(out, start + i, y);
-    }
-}
-
-void StripEffectLimiter_OptoVCA::filterDetect(std::int32_t count)
-{
-    if (hpfOn) hpf.runBlock(detect.data(), count);
-}
-
 void StripEffectLimiter_OptoVCA::processOpto(const AudioRecord& in, const AudioRecord& out,
                                              std::int32_t frames)
 {
-    processChunks(in, out, frames, 1.0, [this](std::int32_t count) {
-        filterDetect(count);
-        opto.process(detect.data(), gains.data(), count, ceilingInverse.value(), soft != 0);
+    if (hpfOn) highPass.refresh();
+    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+        const auto limit = [&](auto key) {
+            opto.process<Lanes<width>>(key, gains.data(), count, ceilingInverse.value(), soft != 0);
+        };
+        if (hpfOn)
+            highPass.run<kHealing, Lanes<width>>(detect.data(), count, highPassHistory, limit);
+        else
+            limit([this](std::size_t i) { return detect[i]; });
         applyGains(count);
     });
 }
@@ -192,9 +184,10 @@ void StripEffectLimiter_OptoVCA::processOpto(const AudioRecord& in, const AudioR
 void StripEffectLimiter_OptoVCA::processVca(const AudioRecord& in, const AudioRecord& out,
                                             std::int32_t frames)
 {
-    processChunks(in, out, frames, 1.0, [this](std::int32_t count) {
-        filterDetect(count);
-        vca.process(detect.data(), gains.data(), count, ceilingInverse.value(), soft != 0);
+    if (hpfOn) highPass.refresh();
+    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+        if (hpfOn) highPass.run<kHealing, Lanes<width>>(detect.data(), count, highPassHistory);
+        vca.process<Lanes<width>>(detect.data(), gains.data(), count, ceilingInverse.value(), soft != 0);
         applyGains(count);
     });
 }

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "dsp/strip_biquad.h"
+#include "dsp/lanes.h"
+#include "dsp/run_widest.h"
 #include "engine/strip_effect.h"
 #include "modules/limiter/glided_gain.h"
+#include "modules/limiter/glided_section.h"
 #include "modules/limiter/limiter_window.h"
 #include "modules/limiter/opto_detector.h"
 #include "modules/limiter/reduction_meter.h"
@@ -34,9 +36,9 @@ public:
     virtual void setLimiterActive(double state);
     /// Brings every section to its start settings.
     virtual void initFilters();
-    /// Rates that hang on Attack (and Smooth), for the present type.
+    /// Works out the rates that hang on Attack (and Smooth), for the present type.
     virtual void updateAttack();
-    /// Rates that hang on Release, for the present type.
+    /// Works out the rates that hang on Release, for the present type.
     virtual void updateRelease();
 
 protected:
@@ -46,58 +48,95 @@ protected:
     /// A variant that lacks its mode or shape: audio passes through and the reading shows no reduction.
     void processUndefined(const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
 
-    /// The loop of every variant. `work(count)` turns `detect` into `gains` and applies them to `audio`.
-    /// @param meterScale factor on the rate of the gain-reduction meter
+    /// The loop of every variant. `work(width, count)` is a kernel: it turns `detect` into `gains` and
+    /// applies them to `audio`.
     template <typename Work>
-    void processChunks(const AudioRecord& in, const AudioRecord& out, std::int32_t frames, double meterScale,
-                       Work work)
+    void processChunks(const AudioRecord& in, const AudioRecord& out, std::int32_t frames, Work work)
     {
+        refreshRates();
+        meterInBlock(in.left(0), frames); // before the output takes its place
         for (std::int32_t start = 0; start < frames; start += limiter::kChunk) {
             const std::int32_t count = std::min(frames - start, limiter::kChunk);
             outputGain.step(chunkRate);
             ceilingInverse.step(chunkRate);
-            loadChunk(in, start, count);
-            work(count);
-            storeChunk(in, out, start, count);
-            reductionMeter.follow(gains.data(), count, meterScale);
+            runWidest([&](auto width) {
+                const auto length = static_cast<std::size_t>(count);
+                loadChunk(in, start, length);
+                work(width, length);
+                storeChunk(out, start, length);
+            });
+            meterOutBlock(played(), count);
+            reductionMeter.follow(gains.data(), count);
         }
         reductionMeter.show();
     }
 
-    void applyGains(std::int32_t count)
+    VELMORA_KERNEL void applyGains(std::size_t count)
     {
-        for (unsigned i = 0; i < static_cast<unsigned>(count); ++i) audio[i] = gains[i] * audio[i];
+        for (std::size_t i = 0; i < count; ++i) audio[i] = gains[i] * audio[i];
+    }
+
+    /// What Attack and Release stand for has changed. The rates are worked out with the next block.
+    void staleAttack()
+    {
+        attackStale = true;
+        attackLast = true;
+    }
+    void staleRelease()
+    {
+        releaseStale = true;
+        attackLast = false;
     }
 
     std::int32_t limiterActive = 1;
     double attackNorm = 0.5;
     double releaseNorm = 0.5;
-    double attackMs = 0.0;
-    double releaseMs = 0.0;
     double hpfHz = 10.0;
     bool hpfOn = false;
     std::int32_t soft = 0;
     std::int32_t link = 0; ///< stored; a single channel has nothing to link
     std::int32_t monitor = 0;
 
-    StripBiquad hpf; ///< in the detector's way only
+    limiter::GlidedSection highPass; ///< in the detector's way only
+    limiter::SectionHistory highPassHistory;
     limiter::GlidedGain outputGain;
     limiter::GlidedGain ceilingInverse;
     limiter::OptoDetector opto;
     limiter::VcaDetector vca;
     limiter::ReductionMeter reductionMeter;
 
+    // Room for whole vectors: kernels round the length of a chunk up.
     std::array<double, limiter::kChunk> audio{};
     std::array<double, limiter::kChunk> detect{};
     std::array<double, limiter::kChunk> gains{};
 
 private:
+    static constexpr auto kHealing = limiter::GlidedSection::Healing::KeepsOlder;
+
     void setType(std::int32_t newType);
     void setHighPass(double value);
-    void filterDetect(std::int32_t count);
-    void loadChunk(const AudioRecord& in, std::int32_t start, std::int32_t count);
-    void storeChunk(const AudioRecord& in, const AudioRecord& out, std::int32_t start, std::int32_t count);
+    void refreshRates();
 
+    VELMORA_KERNEL void loadChunk(const AudioRecord& in, std::int32_t start, std::size_t count)
+    {
+        std::copy_n(in.left(0) + start, count, audio.data());
+        std::copy_n(in.left(sideChainSource) + start, count, detect.data());
+    }
+    VELMORA_KERNEL void storeChunk(const AudioRecord& out, std::int32_t start, std::size_t count)
+    {
+        const double gain = outputGain.value();
+        for (std::size_t i = 0; i < count; ++i) audio[i] = audio[i] * gain;
+        if ((outputMask & 1) == 0) return;
+        std::copy_n(played(), count, out.left(0) + start);
+        std::copy_n(played(), count, out.right(0) + start);
+    }
+    /// Monitor replaces the output alone; detector and meters go on.
+    const double* played() const { return monitor != 0 ? detect.data() : audio.data(); }
+
+    bool attackStale = true;
+    bool releaseStale = true;
+    bool attackLast = false; ///< Attack was set behind Release
+    bool meterStale = true;
     double chunkRate = 1.0;
 };
 

@@ -1,6 +1,8 @@
 #include "modules/limiter/saturator_curve.h"
 #include "tests/modules/limiter/limiter_rig.h"
 
+#include "dsp/run_widest.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -152,12 +154,16 @@ TEST(LimiterCurves, SaturatorGainsAreExact)
         [](double t) { return std::sqrt(std::tanh(t * t)) / t; },
         [](double t) { return std::pow(std::tanh(t * t * t * t), 0.25) / t; },
     };
-    constexpr int kLevels = 1000;
+    constexpr std::size_t kLevels = 16 * kChunk;
     for (std::size_t shape = 0; shape < gain.size(); ++shape) {
         std::array<double, kLevels> gains{};
         for (std::size_t i = 0; i < gains.size(); ++i) gains[i] = 0.002 * (static_cast<double>(i) + 1.0);
         const auto levels = gains;
-        saturatorGains(static_cast<SaturatorShape>(shape), gains.data(), kLevels);
+        for (std::size_t from = 0; from < kLevels; from += kChunk) {
+            runWidest([&](auto width) {
+                saturatorGains<Lanes<width>>(static_cast<SaturatorShape>(shape), gains.data() + from, kChunk);
+            });
+        }
         int different = 0;
         for (std::size_t i = 0; i < gains.size(); ++i) different += gains[i] != gain[shape](levels[i]);
         EXPECT_EQ(different, 0) << "shape " << shape;
