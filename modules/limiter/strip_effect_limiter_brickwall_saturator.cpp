@@ -117,7 +117,8 @@ void StripEffectLimiter_BrickWall_Saturator::processSaturator(const AudioRecord&
         return;
     }
     emphasis.refresh();
-    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+    const auto curve = static_cast<SaturatorShape>(shape);
+    processChunks(in, out, frames, [this, curve](auto width, std::size_t count) {
         const double scale = ceilingInverse.value();
         SaturatorLevel level = saturatorLevel; // the state stays in registers
         const auto emphasise = [&](auto isSoft) {
@@ -133,7 +134,7 @@ void StripEffectLimiter_BrickWall_Saturator::processSaturator(const AudioRecord&
         else
             emphasise(std::false_type{});
         saturatorLevel = level;
-        saturatorGains<Lanes<width>>(static_cast<SaturatorShape>(shape), gains.data(), count);
+        saturatorGains<Lanes<width>>(curve, gains.data(), count);
         emphasis.runPost<Lanes<width>>(gains.data(), audio.data(), count);
     });
 }
