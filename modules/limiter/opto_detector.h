@@ -60,7 +60,8 @@ private:
     double optoLevel = 0.0;
 };
 
-// Falling by a share below 1, it stays above the new magnitude, or else that is higher. So it is below.
+// A fall by a share below 1 ends above the magnitude that it falls to, so the higher of both applies. So it
+// is with the hold below.
 inline void OptoDetector::followPeak(double magnitude)
 {
     constexpr double kFlush = 1e-30; // sixteen digits below the floor: keeps denormals out of silence
