@@ -17,10 +17,14 @@ public:
     void setSampleRate(double hz);
     void reset();
 
-    /// @param control Direct or Complement.
-    void design(MarlowShape shape, MarlowControl control, const GlidedBand& band);
+    /// Designs for the samples of a block. @param control Direct or Complement.
+    void design(MarlowShape shape, MarlowControl control, const GlidedBand& band, std::size_t frames);
 
-    double process(double x) { return detectSecond.process(detectFirst.process(x)); }
+    /// One sample of that block.
+    VELMORA_KERNEL double process(double x, std::size_t i)
+    {
+        return detectSecond.process(detectFirst.process(x, i), i);
+    }
 
 private:
     InstantSection detectFirst;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
 
 namespace velmora {
 
@@ -10,7 +11,7 @@ public:
     void reset() { levelSmooth = aboveBelowIndicator = 0.0; }
 
     /// @param level dB against the threshold; @param k step of one sample, 0..1.
-    void follow(double level, double k)
+    VELMORA_KERNEL void follow(double level, double k)
     {
         for (int pole = 0; pole < 2; ++pole)
             levelSmooth = flush(levelSmooth + (level - levelSmooth) * k, kFlush);
