@@ -142,31 +142,32 @@ double StripEffectCompressor::runChannel(KeyChannel& channel, Detector KeyChanne
                                          CompressorControls& to, CompressorBlock& block,
                                          std::size_t frames) const
 {
-    const BlockCoefficients c = coefficients;
-    KeyHighPass highPass = channel.highPass;
-    Detector follower = channel.*detector;
-    CompressorControls controlsOf = to;
     double last = 1.0;
     runWidest([&](auto width) {
         using V = Lanes<width>;
+        const BlockCoefficients c = coefficients; // what the loops touch stays in registers
+        KeyHighPass highPass = channel.highPass;
+        Detector follower = channel.*detector;
+        CompressorControls controlsOf = to;
+        V gains{};
         controlsOf.begin(c.s);
         const auto group = [&](std::size_t at, std::size_t count) __attribute__((always_inline))
         {
             const V x = loadLanes<V>(&block.input[at]);
             const ControlValues<V> values = controlsOf.advance<V>(count);
             const V d = highPass.process<V>(loadLanes<V>(&block.key[at]), count, c.hpCoefficient);
-            const V gains = detect<V>(follower, d, controlsOf, values, count, c);
+            gains = detect<V>(follower, d, controlsOf, values, count, c);
             storeLanes<V>(&block.key[at], d);
             storeLanes<V>(&block.output[at], blend<V>(x, gains, values));
-            last = gains[count - 1];
         };
-        std::size_t at = 0;
-        for (; at + width <= frames; at += width) group(at, width);
-        if (at < frames) group(at, frames - at);
+        const std::size_t rest = frames % width;
+        for (std::size_t at = 0; at + rest < frames; at += width) group(at, width);
+        if (rest != 0) group(frames - rest, rest);
+        last = gains[(frames - 1) % width];
+        to = controlsOf;
+        channel.highPass = highPass;
+        channel.*detector = follower;
     });
-    to = controlsOf;
-    channel.highPass = highPass;
-    channel.*detector = follower;
     return last;
 }
 

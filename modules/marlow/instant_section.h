@@ -37,22 +37,27 @@ public:
     /// Coefficients for the samples of a block. @param frames 1..kMarlowBlock
     void design(StripBiquadKind kind, const SectionTracks& tracks, std::size_t frames);
 
-    /// One sample of the block on its coefficients. Heals NaN at input and output.
-    VELMORA_KERNEL double process(double x, std::size_t i)
-    {
-        const double x0 = x == x ? x : 0.0;
-        const double fed = b0_[i] * x0 + b1_[i] * history_.x1 + b2_[i] * history_.x2;
-        const double y = flush(fed - a1_[i] * history_.y1 - a2_[i] * history_.y2, kFlush);
-        const bool broken = y != y;
-        history_ = {x0, history_.x1, broken ? 0.0 : y, broken ? 0.0 : history_.y1};
-        return history_.y1;
-    }
-
-private:
+    /// What a section remembers of the samples before.
     struct History {
         double x1 = 0.0, x2 = 0.0;
         double y1 = 0.0, y2 = 0.0;
     };
+    /// For a loop to keep in registers.
+    History history() const { return history_; }
+    void setHistory(const History& history) { history_ = history; }
+
+    /// One sample of the block on its coefficients. Heals NaN at input and output.
+    VELMORA_KERNEL double process(double x, std::size_t i, History& h) const
+    {
+        const double x0 = x == x ? x : 0.0;
+        const double fed = b0_[i] * x0 + b1_[i] * h.x1 + b2_[i] * h.x2;
+        const double y = flush(fed - a1_[i] * h.y1 - a2_[i] * h.y2, kFlush);
+        const bool broken = y != y;
+        h = {x0, h.x1, broken ? 0.0 : y, broken ? 0.0 : h.y1};
+        return h.y1;
+    }
+
+private:
     static constexpr double kFlush = 1e-30;
 
     void holdPrewarp();

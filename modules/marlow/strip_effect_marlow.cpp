@@ -126,34 +126,33 @@ void StripEffectMarlow::updateRates()
     ratesAreStale = false;
 }
 
-void StripEffectMarlow::detect(MarlowTrack& key, std::size_t frames)
+// From the key to the gain, in groups of lanes: filters and followers go through a group sample by sample,
+// levels and targets are worked out side by side. Groups overlap, as no filter waits for a follower.
+void StripEffectMarlow::detect(MarlowTrack& key, MarlowTrack& gainDb, std::size_t frames)
 {
-    if (controlMode == MarlowControl::Off) return;
-    detection.design(filterType, controlMode, band, frames);
-    runWidest([&] {
-        DetectionFilter& filter = detection;
-        for (std::size_t i = 0; i < frames; ++i) key[i] = filter.process(key[i], i);
-    });
-}
-
-void StripEffectMarlow::followGain(const MarlowTrack& detected, MarlowTrack& gainDb, std::size_t frames)
-{
+    const bool filters = controlMode != MarlowControl::Off;
+    if (filters) detection.design(filterType, controlMode, band, frames);
     runWidest([&](auto width) {
         using V = Lanes<width>;
-        DynamicGain follower = dynamicGain;
+        DetectionFilter::History history = detection.history(); // in registers, like the followers
+        DynamicGain gain = dynamicGain;
         ThresholdIndicator pointer = indicator;
-        const DynamicGain::Shares shares = follower.shares();
+        const DynamicGain::Shares shares = gain.shares();
         const double k = smoothingStep;
         for (std::size_t at = 0; at < frames; at += width) {
-            const V magnitude = absLanes<V>(loadLanes<V>(&detected[at])) + kLevelFloor;
+            const std::size_t end = std::min<std::size_t>(at + width, frames);
+            if (filters)
+                for (std::size_t i = at; i < end; ++i) key[i] = detection.process(key[i], i, history);
+            const V magnitude = absLanes<V>(loadLanes<V>(&key[at])) + kLevelFloor;
             const V level = 20.0 * log10Lanes<V>(magnitude) - thresholdDb;
-            const V target = follower.targetDb<V>(level);
-            for (std::size_t i = 0; i < width && at + i < frames; ++i) {
-                pointer.follow(level[i], k);
-                gainDb[at + i] = follower.process(target[i], shares);
+            const V target = gain.targetDb<V>(level);
+            for (std::size_t i = at; i < end; ++i) {
+                pointer.follow(level[i - at], k);
+                gainDb[i] = gain.process(target[i - at], shares);
             }
         }
-        dynamicGain = follower;
+        detection.setHistory(history);
+        dynamicGain = gain;
         indicator = pointer;
     });
 }
@@ -169,7 +168,9 @@ void StripEffectMarlow::filter(MarlowTrack& x, const MarlowTrack& gainDb, bool g
                                                                  : StripBiquadKind::HighShelf,
                              shelf, frames);
     runWidest([&] {
-        for (std::size_t i = 0; i < frames; ++i) x[i] = dynamicFilter.process(x[i], i);
+        InstantSection::History history = dynamicFilter.history();
+        for (std::size_t i = 0; i < frames; ++i) x[i] = dynamicFilter.process(x[i], i, history);
+        dynamicFilter.setHistory(history);
     });
 }
 
@@ -184,8 +185,7 @@ void StripEffectMarlow::runBlock(const double* input, const double* key, const A
     std::copy_n(key + at, count, detected.data());
     meterInBlock(x.data(), frames);
     band.advance(smoothingStep, count);
-    detect(detected, count);
-    followGain(detected, gainDb, count);
+    detect(detected, gainDb, count);
     const auto end = gainDb.begin() + frames;
     filter(x, gainDb, std::all_of(gainDb.begin(), end, [&](double g) { return g == gainDb[0]; }), count);
     dynamicGainDb = gainDb[count - 1];

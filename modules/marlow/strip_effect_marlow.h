@@ -30,8 +30,7 @@ private:
     void updateRates();
     void runBlock(const double* input, const double* key, const AudioRecord& out, std::int32_t at,
                   std::int32_t frames);
-    void detect(MarlowTrack& key, std::size_t frames);
-    void followGain(const MarlowTrack& detected, MarlowTrack& gainDb, std::size_t frames);
+    void detect(MarlowTrack& key, MarlowTrack& gainDb, std::size_t frames);
     void filter(MarlowTrack& x, const MarlowTrack& gainDb, bool gainStands, std::size_t frames);
 
     DetectionFilter detection;
