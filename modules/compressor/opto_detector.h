@@ -56,16 +56,12 @@ public:
                              const OptoCoefficients& c)
     {
         const V magnitude = absLanes<V>(d * 0.794);
-        V smooth{};
+        V cell{};
+        // All of a sample at once: the short recursions run ahead while the cell's long one is waited for.
         for (std::size_t i = 0; i < count; ++i) {
             keyLevel = flush((magnitude[i] - keyLevel) * c.levelCoefficient + keyLevel, kLevelFlush);
-            smooth[i] = keyLevel;
-        }
-        const V level = absLanes<V>(smooth * 1.4 * 1.1885) * threshold + 0.01;
-        const V p = level * level;
-        V cell{};
-        for (std::size_t i = 0; i < count; ++i) {
-            followPower(p[i], c);
+            const double level = std::fabs(keyLevel * 1.4 * 1.1885) * threshold[i] + 0.01;
+            followPower(level * level, c);
             followCell(c);
             cell[i] = optoEnvelope2;
         }
