@@ -11,7 +11,8 @@ struct SineCosine {
     V sine, cosine;
 };
 
-/// Sine and cosine of 0 to pi, each within 0.8 units of its last place. NaN of NaN; nothing useful beyond.
+/// Sine and cosine of 0 to pi, each within 1.1 units of its last place, or of that of 1e-8 where it is
+/// smaller near a quarter or a half turn. NaN of NaN; nothing useful beyond.
 ///
 /// The angle's distance from the nearest quarter turn goes through the power series, as head and tail.
 template <typename V>

@@ -36,7 +36,7 @@ void DetectionFilter::design(MarlowShape shape, MarlowControl control, const Gli
 {
     MarlowTrack second;
     const auto scaled = [&](const MarlowTrack& track, double by) -> const MarlowTrack& {
-        for (std::size_t i = 0; i < second.size(); ++i) second[i] = track[i] * by;
+        for (std::size_t i = 0; i < MarlowTrack::whole(frames); ++i) second[i] = track[i] * by;
         return second;
     };
     if (shape == MarlowShape::Peak) {

@@ -4,6 +4,7 @@
 #include "dsp/flush.h"
 #include "dsp/lanes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -12,9 +13,13 @@ namespace velmora {
 /// Longest block of the dynamic EQ's parts.
 inline constexpr std::size_t kMarlowBlock = 64;
 
-/// A value for each sample of a block. Tracks are whole vectors: behind the block's end stands anything
-/// finite.
-struct alignas(64) MarlowTrack : std::array<double, kMarlowBlock> {};
+/// A value for each sample of a block, in whole vectors.
+struct alignas(64) MarlowTrack : std::array<double, kMarlowBlock> {
+    /// Length of a block in whole vectors of the widest kind.
+    static constexpr std::size_t whole(std::size_t frames) { return (frames + 7) / 8 * 8; }
+    /// Puts zeros behind the block's end, as far as vectors reach.
+    void closeBehind(std::size_t frames) { std::fill(begin() + frames, begin() + whole(frames), 0.0); }
+};
 
 /// What a section is designed from, sample by sample.
 struct SectionTracks {

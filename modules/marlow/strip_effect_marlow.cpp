@@ -179,10 +179,12 @@ void StripEffectMarlow::runBlock(const double* input, const double* key, const A
 {
     const auto count = static_cast<std::size_t>(frames);
     MarlowTrack x;
-    MarlowTrack detected{};
-    MarlowTrack gainDb{};
+    MarlowTrack detected;
+    MarlowTrack gainDb;
     std::copy_n(input + at, count, x.data());
     std::copy_n(key + at, count, detected.data());
+    detected.closeBehind(count);
+    gainDb.closeBehind(count);
     meterInBlock(x.data(), frames);
     band.advance(smoothingStep, count);
     detect(detected, gainDb, count);
