@@ -12,15 +12,16 @@ struct GlidingControl {
 
     void land() { now = target; }
 
-    /// Whether a step would leave it where it is. It ends there, though maybe a last bit beside the target.
-    VELMORA_KERNEL bool rests(double s) const { return next(s) == now; }
+    /// Looks whether it rests, for the block to come: where a step leaves it as it is, though maybe a last
+    /// bit beside the target. @param s one-pole step
+    VELMORA_KERNEL void begin(double s) { rests = next(s) == now; }
 
-    /// The values of the next `count` samples, 1 to the number of lanes. @param s one-pole step
+    /// The values of the next `count` samples, 1 to the number of lanes.
     template <typename V>
-    VELMORA_KERNEL V advance(bool resting, double s, std::size_t count)
+    VELMORA_KERNEL V advance(double s, std::size_t count)
     {
         V values = allLanes<V>(now);
-        if (resting) return values;
+        if (rests) return values;
         for (std::size_t i = 0; i < count; ++i) values[i] = now = next(s);
         return values;
     }
@@ -29,6 +30,8 @@ private:
     static constexpr double kFlush = 1e-16;
 
     VELMORA_KERNEL double next(double s) const { return flush((target - now) * s + now, kFlush); }
+
+    bool rests = false;
 };
 
 /// Controls of some samples side by side.
@@ -37,41 +40,31 @@ struct ControlValues {
     V threshold, makeup, fetRatio, optoRatio, mix;
 };
 
-/// Controls that glide per sample, and which of them do so in this block.
-class CompressorControls {
-public:
+/// Controls that glide per sample.
+struct CompressorControls {
     GlidingControl threshold; ///< linear, multiplies the detectors' input
     GlidingControl makeup;    ///< linear gain
     GlidingControl fetRatio;
     GlidingControl optoRatio;
     GlidingControl mix; ///< share of the compressed signal, 0..1
 
-    /// Looks which controls rest, for the block to come. @param s one-pole step
+    /// At the head of a block. @param s one-pole step
     VELMORA_KERNEL void begin(double s)
     {
-        step = s;
-        thresholdRests = threshold.rests(s);
-        makeupRests = makeup.rests(s);
-        fetRatioRests = fetRatio.rests(s);
-        optoRatioRests = optoRatio.rests(s);
-        mixRests = mix.rests(s);
+        threshold.begin(s);
+        makeup.begin(s);
+        fetRatio.begin(s);
+        optoRatio.begin(s);
+        mix.begin(s);
     }
 
+    /// The next `count` samples of the block.
     template <typename V>
-    VELMORA_KERNEL ControlValues<V> advance(std::size_t count)
+    VELMORA_KERNEL ControlValues<V> advance(double s, std::size_t count)
     {
-        return {threshold.advance<V>(thresholdRests, step, count),
-                makeup.advance<V>(makeupRests, step, count), fetRatio.advance<V>(fetRatioRests, step, count),
-                optoRatio.advance<V>(optoRatioRests, step, count), mix.advance<V>(mixRests, step, count)};
+        return {threshold.advance<V>(s, count), makeup.advance<V>(s, count), fetRatio.advance<V>(s, count),
+                optoRatio.advance<V>(s, count), mix.advance<V>(s, count)};
     }
-
-private:
-    double step = 0.0;
-    bool thresholdRests = false;
-    bool makeupRests = false;
-    bool fetRatioRests = false;
-    bool optoRatioRests = false;
-    bool mixRests = false;
 };
 
 } // namespace velmora

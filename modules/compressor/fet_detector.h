@@ -73,7 +73,8 @@ private:
     static constexpr double kRestBelow = 1.101;
 
     // What sticks out of the dead zone is a level with a soft shoulder, never above p itself. Branches and no
-    // selects: the loop waits for its long way round only on the few samples that raise the envelope.
+    // selects: a sample that raises the envelope keeps the loop waiting for some 100 cycles, of which the
+    // divider takes 20 and the shoulder 55, one that doesn't for 12.
     VELMORA_KERNEL void follow(double p, const FetCoefficients& c)
     {
         if (p > fetEnvelope) {

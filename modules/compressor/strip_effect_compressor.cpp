@@ -154,7 +154,7 @@ double StripEffectCompressor::runChannel(KeyChannel& channel, Detector KeyChanne
         const auto group = [&](std::size_t at, std::size_t count) __attribute__((always_inline))
         {
             const V x = loadLanes<V>(&block.input[at]);
-            const ControlValues<V> values = controlsOf.advance<V>(count);
+            const ControlValues<V> values = controlsOf.advance<V>(c.s, count);
             const V d = highPass.process<V>(loadLanes<V>(&block.key[at]), count, c.hpCoefficient);
             gains = detect<V>(follower, d, controlsOf, values, count, c);
             storeLanes<V>(&block.key[at], d);
