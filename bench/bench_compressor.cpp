@@ -1,5 +1,6 @@
 #include "bench/module_bench.h"
 #include "modules/compressor/strip_effect_compressor.h"
+#include "tests/plain/compressor.h"
 
 namespace velmora::bench {
 namespace {
@@ -42,6 +43,33 @@ void compressorGliding(benchmark::State& state)
     });
 }
 BENCHMARK(compressorGliding)->ArgName("variant")->DenseRange(1, 3);
+
+// The whole module against the way from key to output sample by sample, without meters.
+template <int variant>
+void plainForm(benchmark::State& state)
+{
+    plain::Compressor compressor(variant, {0.5, 0.5, 0.2, 0.5, 1.0, 0.0, 0.0}, 44100.0);
+    ModuleBuffers buffers;
+    for (auto _ : state) {
+        buffers.refill();
+        double* x = buffers.record.left(0);
+        for (int i = 0; i < kBlock; ++i) x[i] = compressor.process(x[i], x[i]);
+        benchmark::DoNotOptimize(x[0]);
+    }
+    reportPerSample(state, kBlock);
+}
+template <int variant>
+void fastForm(benchmark::State& state)
+{
+    Rig rig(variant);
+    runModule(state, rig.module);
+}
+BENCHMARK(plainForm<1>)->Name("CompressorOpto/plain");
+BENCHMARK(fastForm<1>)->Name("CompressorOpto/fast");
+BENCHMARK(plainForm<2>)->Name("CompressorFet/plain");
+BENCHMARK(fastForm<2>)->Name("CompressorFet/fast");
+BENCHMARK(plainForm<3>)->Name("CompressorVca/plain");
+BENCHMARK(fastForm<3>)->Name("CompressorVca/fast");
 
 } // namespace
 } // namespace velmora::bench

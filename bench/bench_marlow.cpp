@@ -1,5 +1,6 @@
 #include "bench/module_bench.h"
 #include "modules/marlow/strip_effect_marlow.h"
+#include "tests/plain/marlow.h"
 
 namespace velmora::bench {
 namespace {
@@ -39,6 +40,29 @@ void marlowGliding(benchmark::State& state)
     });
 }
 BENCHMARK(marlowGliding);
+
+// The whole module, with the gain on the move, against the way from key to output sample by sample, without
+// meters and without the shortcut for what stands still.
+void plainForm(benchmark::State& state)
+{
+    plain::Marlow eq({0.5, 0.5, 0.5, 0.25, 0.5, 0.5, 0.5, MarlowShape::Peak, MarlowControl::Direct}, 44100.0);
+    ModuleBuffers buffers;
+    for (auto _ : state) {
+        buffers.refill();
+        double* x = buffers.record.left(0);
+        for (int i = 0; i < kBlock; ++i) x[i] = eq.process(x[i]);
+        benchmark::DoNotOptimize(x[0]);
+    }
+    reportPerSample(state, kBlock);
+}
+void fastForm(benchmark::State& state)
+{
+    StripEffectMarlow module(kWindow, 399, 711);
+    module.setParameter(kAbove, 0.25);
+    runModule(state, module);
+}
+BENCHMARK(plainForm)->Name("Marlow/plain");
+BENCHMARK(fastForm)->Name("Marlow/fast");
 
 } // namespace
 } // namespace velmora::bench

@@ -1,7 +1,8 @@
 #include "dsp/biquad_design.h"
 
+#include "dsp/biquad_formulae.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -9,104 +10,23 @@ namespace velmora {
 
 namespace {
 
-constexpr double kHighestShare = 0.499; // of the sample rate
 constexpr double kSmootherResidue = 0.005;
-
-// Q x (1 - (f / (scale x rate)) ^ exponent)
-struct QWarp {
-    double exponent;
-    double scale;
-};
-
-constexpr std::array<QWarp, 11> kQWarps{{
-    {0.0, 0.0},     // None
-    {6.0, 0.5001},  // HighPass
-    {0.0, 0.0},     // Smoother
-    {3.5, 0.5001},  // LowShelf
-    {2.8, 0.5001},  // Peaking
-    {2.8, 0.5001},  // BandPass
-    {2.8, 0.5001},  // Notch
-    {4.0, 0.5001},  // HighShelf
-    {8.0, 0.50001}, // LowPass
-    {0.0, 0.0},     // OnePoleLowPass
-    {0.0, 0.0},     // AllPass
-}};
 
 double clampedFrequency(const BiquadSettings& set)
 {
-    return std::min(kHighestShare * set.sampleRate, set.frequency);
+    return std::min(formulae::kHighestShare * set.sampleRate, set.frequency);
 }
 
 double warpedQ(const BiquadSettings& set, double frequency)
 {
-    const QWarp warp = kQWarps[static_cast<std::size_t>(set.kind)];
+    const formulae::QWarp warp = formulae::kQWarps[static_cast<std::size_t>(set.kind)];
     if (warp.exponent == 0.0) return set.q;
     return set.q * (1.0 - std::pow(frequency / (warp.scale * set.sampleRate), warp.exponent));
 }
 
-BiquadCoefficients highPass(double c, double alpha)
+BiquadCoefficients coefficients(const formulae::BiquadTerms<double>& t)
 {
-    const double d = 1.0 + alpha;
-    const double b0 = (1.0 + c) / 2.0 / d;
-    return {d, -2.0 * c / d, (1.0 - alpha) / d, b0, -(1.0 + c) / d, b0};
-}
-
-BiquadCoefficients lowPass(double c, double alpha)
-{
-    const double d = 1.0 + alpha;
-    const double b0 = (1.0 - c) / 2.0 / d;
-    return {d, -2.0 * c / d, (1.0 - alpha) / d, b0, (1.0 - c) / d, b0};
-}
-
-BiquadCoefficients peaking(double c, double alpha, double a)
-{
-    const double d = 1.0 + alpha / a;
-    const double b1 = -2.0 * c / d;
-    return {d, b1, (1.0 - alpha / a) / d, (1.0 + alpha * a) / d, b1, (1.0 - alpha * a) / d};
-}
-
-BiquadCoefficients bandPass(double c, double alpha)
-{
-    const double d = 1.0 + alpha;
-    const double b0 = alpha / d;
-    return {d, -2.0 * c / d, (1.0 - alpha) / d, b0, 0.0, -b0};
-}
-
-BiquadCoefficients notch(double c, double alpha)
-{
-    const double d = 1.0 + alpha;
-    const double b1 = -2.0 * c / d;
-    return {d, b1, (1.0 - alpha) / d, 1.0 / d, b1, 1.0 / d};
-}
-
-BiquadCoefficients allPass(double c, double alpha)
-{
-    const double d = 1.0 + alpha;
-    const double b0 = (1.0 - alpha) / d;
-    const double b1 = -2.0 * c / d;
-    return {d, b1, b0, b0, b1, 1.0};
-}
-
-BiquadCoefficients lowShelf(double c, double a, double b)
-{
-    const double d = (a + 1.0) + (a - 1.0) * c + b;
-    return {d,
-            -2.0 * ((a - 1.0) + (a + 1.0) * c) / d,
-            ((a + 1.0) + (a - 1.0) * c - b) / d,
-            a * ((a + 1.0) - (a - 1.0) * c + b) / d,
-            2.0 * a * ((a - 1.0) - (a + 1.0) * c) / d,
-            a * ((a + 1.0) - (a - 1.0) * c - b) / d};
-}
-
-BiquadCoefficients highShelf(double c, double a, double b)
-{
-    const double d = (a + 1.0) - (a - 1.0) * c + b;
-    return {d,
-            2.0 * ((a - 1.0) - (a + 1.0) * c) / d,
-            ((a + 1.0) - (a - 1.0) * c - b) / d,
-            a * ((a + 1.0) + (a - 1.0) * c + b) / d,
-            -2.0 * a * ((a - 1.0) + (a + 1.0) * c) / d,
-            a * ((a + 1.0) + (a - 1.0) * c - b) / d};
+    return {t.a0, t.a1, t.a2, t.b0, t.b1, t.b2};
 }
 
 BiquadCoefficients onePoleLowPass(double frequency, double sampleRate)
@@ -140,24 +60,24 @@ BiquadCoefficients designBiquad(const BiquadSettings& set, const BiquadPrewarp& 
 
     switch (set.kind) {
     case StripBiquadKind::HighPass:
-        return highPass(c, alpha());
+        return coefficients(formulae::highPass(c, alpha()));
     case StripBiquadKind::LowPass:
-        return lowPass(c, alpha());
+        return coefficients(formulae::lowPass(c, alpha()));
     case StripBiquadKind::Peaking:
-        return peaking(c, alpha(), amplitude());
+        return coefficients(formulae::peaking(c, alpha(), amplitude()));
     case StripBiquadKind::BandPass:
-        return bandPass(c, alpha());
+        return coefficients(formulae::bandPass(c, alpha()));
     case StripBiquadKind::Notch:
-        return notch(c, alpha());
+        return coefficients(formulae::notch(c, alpha()));
     case StripBiquadKind::AllPass:
-        return allPass(c, alpha());
+        return coefficients(formulae::allPass(c, alpha()));
     case StripBiquadKind::LowShelf: {
         const double a = amplitude();
-        return lowShelf(c, a, slope(a));
+        return coefficients(formulae::lowShelf(c, a, slope(a)));
     }
     case StripBiquadKind::HighShelf: {
         const double a = amplitude();
-        return highShelf(c, a, slope(a));
+        return coefficients(formulae::highShelf(c, a, slope(a)));
     }
     case StripBiquadKind::OnePoleLowPass:
         return onePoleLowPass(set.frequency, set.sampleRate);

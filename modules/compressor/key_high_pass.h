@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
 
 namespace velmora {
 
@@ -9,10 +10,14 @@ class KeyHighPass {
 public:
     void reset() { highPassState = 0.0; }
 
-    double process(double k, double hpCoefficient)
+    /// @param count samples of k that are there, 1 to the number of lanes.
+    template <typename V>
+    VELMORA_KERNEL V process(const V& k, std::size_t count, double hpCoefficient)
     {
-        highPassState = flush((k - highPassState) * hpCoefficient + highPassState, kFlush);
-        return k - highPassState;
+        V low{};
+        for (std::size_t i = 0; i < count; ++i)
+            low[i] = highPassState = flush((k[i] - highPassState) * hpCoefficient + highPassState, kFlush);
+        return k - low;
     }
 
 private:

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
+#include "dsp/vector_math.h"
 #include "modules/compressor/envelope_step.h"
+#include "modules/compressor/power_1_4.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace velmora {
@@ -46,16 +48,24 @@ public:
         optoEnvelope2 = kIdleEnvelope;
     }
 
-    /// @param d filtered key, linear. @param thresholdScale, optoRatio for this sample.
-    /// @return gain 0..1
-    double process(double d, double thresholdScale, double optoRatio, const OptoCoefficients& c)
+    /// @param d filtered key, linear. @param threshold scale, @param ratio exponent of each sample.
+    /// @param count samples that are there.
+    /// @return gains 0..1
+    template <typename V>
+    VELMORA_KERNEL V process(const V& d, const V& threshold, const V& ratio, std::size_t count,
+                             const OptoCoefficients& c)
     {
-        keyLevel = flush((std::fabs(d * 0.794) - keyLevel) * c.levelCoefficient + keyLevel, kLevelFlush);
-        const double level = std::fabs(keyLevel * 1.4 * 1.1885) * thresholdScale + 0.01;
-        const double p = level * level;
-        followPower(p, c);
-        followCell(c);
-        return std::sqrt(std::pow(1.0 / (optoEnvelope2 + 1.0), optoRatio));
+        const V magnitude = absLanes<V>(d * 0.794);
+        V cell{};
+        // All of a sample at once: the short recursions run ahead while the cell's long one is waited for.
+        for (std::size_t i = 0; i < count; ++i) {
+            keyLevel = flush((magnitude[i] - keyLevel) * c.levelCoefficient + keyLevel, kLevelFlush);
+            const double level = std::fabs(keyLevel * 1.4 * 1.1885) * threshold[i] + 0.01;
+            followPower(level * level, c);
+            followCell(c);
+            cell[i] = optoEnvelope2;
+        }
+        return expLanes<V>(logLanes<V>(cell + 1.0) * (ratio * -0.5));
     }
 
 private:
@@ -63,24 +73,27 @@ private:
     static constexpr double kFlush = 1e-18;
 
     // A loud key's fall overshoots; below 0 the powers would end in NaN.
-    static double settle(double envelope) { return flush(std::max(envelope, 0.0), kFlush); }
-
-    void followPower(double p, const OptoCoefficients& c)
+    static VELMORA_KERNEL double settle(double envelope)
     {
-        const double above = optoEnvelope1 - p;
-        if (p > optoEnvelope1)
-            optoEnvelope1 += (p - optoEnvelope1) * c.optoAttack1;
-        else
-            optoEnvelope1 -= above * above * c.optoRelease1;
-        optoEnvelope1 = settle(optoEnvelope1);
+        return flush(envelope < 0.0 ? 0.0 : envelope, kFlush);
     }
 
-    void followCell(const OptoCoefficients& c)
+    VELMORA_KERNEL void followPower(double p, const OptoCoefficients& c)
+    {
+        const double above = optoEnvelope1 - p;
+        const double risen = optoEnvelope1 + (p - optoEnvelope1) * c.optoAttack1;
+        const double fallen = optoEnvelope1 - above * above * c.optoRelease1;
+        optoEnvelope1 = settle(p > optoEnvelope1 ? risen : fallen);
+    }
+
+    // A branch and no select: a fall keeps the loop waiting for some 60 cycles, of which the power takes 45,
+    // a rise for 17.
+    VELMORA_KERNEL void followCell(const OptoCoefficients& c)
     {
         if (optoEnvelope1 > optoEnvelope2)
             optoEnvelope2 += (optoEnvelope1 - optoEnvelope2) * c.optoAttack2;
         else
-            optoEnvelope2 -= std::pow(optoEnvelope2 - optoEnvelope1, 1.4) * c.optoRelease2;
+            optoEnvelope2 -= sharedPower1_4(optoEnvelope2 - optoEnvelope1, c.optoRelease2);
         optoEnvelope2 = settle(optoEnvelope2);
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dsp/lanes.h"
 #include "dsp/meter_cell.h"
 #include "modules/compressor/compressor_controls.h"
 #include "modules/compressor/fet_detector.h"
@@ -24,7 +25,9 @@ public:
     void setRelease(double value);           ///< 25..2500 ms on the display
     void setThreshold(double value);         ///< -40..+10 dB on the display
     void setRatio(double value);             ///< 1 is infinite
-    void setHighPass(double value);          ///< 10 Hz..1 kHz
+    void setMix(double value);
+    void setMakeup(double value);   ///< 0..20 dB
+    void setHighPass(double value); ///< 10 Hz..1 kHz
 
     /// Gain reduction of the last sample, 0..1; 0 is none. For any thread.
     double gainReduction() const;
@@ -47,31 +50,33 @@ protected:
         VcaDetector vca;
     };
 
-    OptoFetVcaCompressor();
-
-    /// Works out coefficients and ratio targets, if a value or the rate was written since the last time.
+    /// Works out the coefficients and targets whose values were written since the last time, those of the
+    /// detectors for the variant alone.
     void updateCoefficients(double sampleRate);
-    void coefficientsAreStale() { stale = true; }
+    void coefficientsAreStale() { stale = kEverything; }
     /// Lands the controls and brings filter, detectors and meter to rest.
     void resetCompressor(double sampleRate);
     void resetDetectors();
     void resetGain() { gain = 1.0; }
 
-    static double detect(OptoDetector& detector, double d, const CompressorControls& to,
-                         const BlockCoefficients& c)
+    template <typename V>
+    static VELMORA_KERNEL V detect(OptoDetector& detector, const V& d, const CompressorControls&,
+                                   const ControlValues<V>& to, std::size_t count, const BlockCoefficients& c)
     {
-        return detector.process(d, to.thresholdScaleCurrent, to.optoRatio, c.opto);
+        return detector.process<V>(d, to.threshold, to.optoRatio, count, c.opto);
     }
     // The loop takes the threshold unsmoothed.
-    static double detect(FetDetector& detector, double d, const CompressorControls& to,
-                         const BlockCoefficients& c)
+    template <typename V>
+    static VELMORA_KERNEL V detect(FetDetector& detector, const V& d, const CompressorControls& controls,
+                                   const ControlValues<V>& to, std::size_t count, const BlockCoefficients& c)
     {
-        return detector.process(d, to.thresholdScale, to.fetRatio, c.fet);
+        return detector.process<V>(d, controls.threshold.target, to.fetRatio, count, c.fet);
     }
-    static double detect(VcaDetector& detector, double d, const CompressorControls& to,
-                         const BlockCoefficients& c)
+    template <typename V>
+    static VELMORA_KERNEL V detect(VcaDetector& detector, const V& d, const CompressorControls&,
+                                   const ControlValues<V>& to, std::size_t count, const BlockCoefficients& c)
     {
-        return detector.process(d, to.thresholdScaleCurrent, c.vca);
+        return detector.process<V>(d, to.threshold, count, c.vca);
     }
 
     std::int32_t variant = Opto;
@@ -82,13 +87,28 @@ protected:
     std::array<KeyChannel, 2> channels;
 
 private:
-    void setValue(double& field, double value);
+    /// What has to be worked out anew: a mark for each variant's detector, then those that all share.
+    static constexpr unsigned detectorMark(std::int32_t ofVariant) { return 1U << ofVariant; }
+    static constexpr unsigned kDetectors = 1U << Opto | 1U << Fet | 1U << Vca;
+    static constexpr unsigned kThreshold = 16;
+    static constexpr unsigned kRatio = 32;
+    static constexpr unsigned kMakeup = 64;
+    static constexpr unsigned kHighPass = 128;
+    static constexpr unsigned kRate = 256;
+    static constexpr unsigned kShared = kThreshold | kRatio | kMakeup | kHighPass | kRate;
+    static constexpr unsigned kEverything = kDetectors | kShared;
+
+    void setValue(double& field, double value, unsigned marks);
+    bool takeStale(unsigned marks);
+    void updateDetector(double sampleRate);
 
     double attackValue = 0.5;
     double releaseValue = 0.5;
+    double thresholdValue = 0.5;
     double ratioValue = 0.5;
+    double makeupValue = 0.0;
     double hpfValue = 0.0;
-    bool stale = true;
+    unsigned stale = kEverything;
 };
 
 } // namespace velmora

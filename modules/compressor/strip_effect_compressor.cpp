@@ -1,9 +1,11 @@
 #include "modules/compressor/strip_effect_compressor.h"
 
-#include "dsp/flush.h"
+#include "dsp/lanes.h"
+#include "dsp/run_widest.h"
 #include "params/laws/compressor_laws.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace velmora {
@@ -17,20 +19,43 @@ enum Offset : ParameterId { Attack = kOwnOffset, Release, Threshold, Ratio, Mix,
 
 constexpr std::uint32_t kGainReductionMeter = 2;
 
-double orSilence(double x)
-{
-    return std::isnan(x) ? 0.0 : x;
-}
-
-// Make-up gain and parallel mix of one sample.
-double blend(double x, double gain, const CompressorControls& controls)
+// Make-up gain and parallel mix.
+template <typename V>
+VELMORA_KERNEL V blend(const V& x, const V& gain, const ControlValues<V>& controls)
 {
     constexpr double kFlush = 1e-16;
-    const double wet = gain * x * controls.makeupGainCurrent;
-    return flush(wet, kFlush) * controls.mixCurrent + (1.0 - controls.mixCurrent) * x;
+    const V wet = flushLanes<V>(gain * x * controls.makeup, kFlush);
+    return wet * controls.mix + (1.0 - controls.mix) * x;
 }
 
+constexpr std::int32_t kBlockLength = 64; // of the engine's sub-blocks
+constexpr std::size_t kMostLanes = 8;
+
 } // namespace
+
+/// Work space of one channel; behind the last sample a group of lanes is filled up with silence.
+struct CompressorBlock {
+    using Samples = std::array<double, kBlockLength>;
+
+    alignas(64) Samples input;
+    alignas(64) Samples key; ///< behind the detector the filtered key
+    alignas(64) Samples output;
+
+    /// No number counts as silence.
+    void load(const double* from, const double* keyFrom, std::size_t frames)
+    {
+        for (std::size_t i = 0; i < frames; ++i) {
+            input[i] = std::isnan(from[i]) ? 0.0 : from[i];
+            key[i] = std::isnan(keyFrom[i]) ? 0.0 : keyFrom[i];
+        }
+        for (std::size_t i = frames; i % kMostLanes != 0; ++i) input[i] = key[i] = 0.0;
+    }
+    /// Writes what is to be heard. @param monitor the key in place of the output
+    void store(double* to, bool monitor, std::size_t frames) const
+    {
+        std::copy_n((monitor ? key : output).data(), frames, to);
+    }
+};
 
 StripEffectCompressor::StripEffectCompressor(std::uint32_t windowBaseId, std::uint32_t meterBaseId,
                                              std::uint32_t localBaseId)
@@ -84,10 +109,10 @@ void StripEffectCompressor::setParameter(std::uint32_t id, double value)
         setRatio(value);
         break;
     case Mix:
-        controls.mix = std::clamp(value, 0.0, 1.0);
+        setMix(value);
         break;
     case Makeup:
-        controls.makeupGain = std::pow(10.0, compressor::makeupDb(std::clamp(value, 0.0, 1.0)) * 0.05);
+        setMakeup(value);
         break;
     case HighPass:
         setHighPass(value);
@@ -109,55 +134,81 @@ void StripEffectCompressor::prepareBlock()
     updateCoefficients(sampleRate);
 }
 
+// The block in groups of lanes: what has a memory goes through a group sample by sample, the rest of the way
+// from key to gain takes its samples side by side. Groups overlap, as no loop of one waits for the rest of
+// another. Leaves the filtered key in the block, and returns the last gain.
+template <typename Detector>
+double StripEffectCompressor::runChannel(KeyChannel& channel, Detector KeyChannel::*detector,
+                                         CompressorControls& to, CompressorBlock& block,
+                                         std::size_t frames) const
+{
+    double last = 1.0;
+    runWidest([&](auto width) {
+        using V = Lanes<width>;
+        const BlockCoefficients c = coefficients; // what the loops touch stays in registers
+        KeyHighPass highPass = channel.highPass;
+        Detector follower = channel.*detector;
+        CompressorControls controlsOf = to;
+        V gains{};
+        controlsOf.begin(c.s);
+        const auto group = [&](std::size_t at, std::size_t count) __attribute__((always_inline))
+        {
+            const V x = loadLanes<V>(&block.input[at]);
+            const ControlValues<V> values = controlsOf.advance<V>(c.s, count);
+            const V d = highPass.process<V>(loadLanes<V>(&block.key[at]), count, c.hpCoefficient);
+            gains = detect<V>(follower, d, controlsOf, values, count, c);
+            storeLanes<V>(&block.key[at], d);
+            storeLanes<V>(&block.output[at], blend<V>(x, gains, values));
+        };
+        const std::size_t rest = frames % width;
+        for (std::size_t at = 0; at + rest < frames; at += width) group(at, width);
+        if (rest != 0) group(frames - rest, rest);
+        last = gains[(frames - 1) % width];
+        to = controlsOf;
+        channel.highPass = highPass;
+        channel.*detector = follower;
+    });
+    return last;
+}
+
 template <typename Detector>
 void StripEffectCompressor::runMono(Detector KeyChannel::*detector, const AudioRecord& in,
                                     const AudioRecord& out, std::int32_t frames)
 {
-    const double* input = in.left(0);
-    const double* key = in.left(keyPair());
-    const BlockCoefficients c = coefficients;
-    CompressorControls to = controls;
-    KeyHighPass highPass = channels[0].highPass;
-    Detector follower = channels[0].*detector;
-    double g = gain;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        to.advance(c.s);
-        const double x = orSilence(input[i]);
-        meterInMono(x);
-        const double d = highPass.process(orSilence(key[i]), c.hpCoefficient);
-        g = detect(follower, d, to, c);
-        const double y = blend(x, g, to);
-        meterOutMono(y);
-        writeMono(out, i, monitor != 0 ? d : y);
+    CompressorBlock block;
+    for (std::int32_t at = 0; at < frames; at += kBlockLength) {
+        const std::int32_t length = std::min(frames - at, kBlockLength);
+        const auto count = static_cast<std::size_t>(length);
+        block.load(in.left(0) + at, in.left(keyPair()) + at, count);
+        meterInBlock(block.input.data(), length);
+        gain = runChannel(channels[0], detector, controls, block, count);
+        meterOutBlock(block.output.data(), length);
+        if ((outputMask & 1) == 0) continue;
+        block.store(out.left(0) + at, monitor != 0, count);
+        block.store(out.right(0) + at, monitor != 0, count);
     }
-    controls = to;
-    channels[0].highPass = highPass;
-    channels[0].*detector = follower;
-    gain = g;
 }
 
 template <typename Detector>
 void StripEffectCompressor::runStereo(Detector KeyChannel::*detector, const AudioRecord& in,
                                       const AudioRecord& out, std::int32_t frames)
 {
-    const BlockCoefficients& c = coefficients;
+    std::array<CompressorBlock, 2> blocks;
     const int pair = keyPair();
-    for (std::int32_t i = 0; i < frames; ++i) {
-        controls.advance(c.s);
-        const double l = orSilence(in.left(0)[i]);
-        const double r = orSilence(in.right(0)[i]);
-        meterInStereo(l, r);
-        const double keyL = channels[0].highPass.process(orSilence(in.left(pair)[i]), c.hpCoefficient);
-        const double keyR = channels[1].highPass.process(orSilence(in.right(pair)[i]), c.hpCoefficient);
-        const double gainL = detect(channels[0].*detector, keyL, controls, c);
-        const double gainR = detect(channels[1].*detector, keyR, controls, c);
+    for (std::int32_t at = 0; at < frames; at += kBlockLength) {
+        const std::int32_t length = std::min(frames - at, kBlockLength);
+        const auto count = static_cast<std::size_t>(length);
+        blocks[0].load(in.left(0) + at, in.left(pair) + at, count);
+        blocks[1].load(in.right(0) + at, in.right(pair) + at, count);
+        meterInBlock(blocks[0].input.data(), blocks[1].input.data(), length);
+        CompressorControls right = controls; // both channels glide alike
+        const double gainL = runChannel(channels[0], detector, controls, blocks[0], count);
+        const double gainR = runChannel(channels[1], detector, right, blocks[1], count);
         gain = std::min(gainL, gainR);
-        const double outL = blend(l, gainL, controls);
-        const double outR = blend(r, gainR, controls);
-        meterOutStereo(outL, outR);
+        meterOutBlock(blocks[0].output.data(), blocks[1].output.data(), length);
         if ((outputMask & 1) == 0) continue;
-        out.left(0)[i] = monitor != 0 ? keyL : outL;
-        out.right(0)[i] = monitor != 0 ? keyR : outR;
+        blocks[0].store(out.left(0) + at, monitor != 0, count);
+        blocks[1].store(out.right(0) + at, monitor != 0, count);
     }
 }
 

@@ -5,6 +5,8 @@
 
 namespace velmora {
 
+struct CompressorBlock;
+
 /// Compressor module: opto, FET and VCA levelling with side chain, make-up gain and parallel mix. No
 /// look-ahead, no latency.
 class StripEffectCompressor : public StripEffect, private OptoFetVcaCompressor {
@@ -34,6 +36,9 @@ private:
     template <typename Detector>
     void runStereo(Detector KeyChannel::*detector, const AudioRecord& in, const AudioRecord& out,
                    std::int32_t frames);
+    template <typename Detector>
+    double runChannel(KeyChannel& channel, Detector KeyChannel::*detector, CompressorControls& to,
+                      CompressorBlock& block, std::size_t frames) const;
 
     std::int32_t monitor = 0; ///< 1: the filtered key is heard
 };

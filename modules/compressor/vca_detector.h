@@ -1,6 +1,8 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
+#include "dsp/vector_math.h"
 #include "modules/compressor/envelope_step.h"
 
 #include <cmath>
@@ -28,29 +30,37 @@ class VcaDetector {
 public:
     void reset() { vcaEnvelope = kIdleEnvelope; }
 
-    /// @param d filtered key, linear. @param thresholdScale for this sample.
-    /// @return gain 0..1
-    double process(double d, double thresholdScale, const VcaCoefficients& c)
+    /// @param d filtered key, linear. @param threshold scale of each sample. @param count samples that are
+    /// there.
+    /// @return gains 0..1
+    template <typename V>
+    VELMORA_KERNEL V process(const V& d, const V& threshold, std::size_t count, const VcaCoefficients& c)
     {
-        const double level = std::fabs(d * 2.6 * 1.122 * 0.841 * 1.1) * thresholdScale + 0.01;
-        const double p = softKnee(level);
-        if (p > vcaEnvelope)
-            vcaEnvelope += (p - vcaEnvelope) * c.vcaAttack;
-        else
-            vcaEnvelope -= (vcaEnvelope - p) * c.vcaRelease;
-        vcaEnvelope = flush(vcaEnvelope, kFlush);
-        return std::pow(10.0, -vcaEnvelope * c.vcaRatio);
+        const V p = softKnee<V>(absLanes<V>(d * 2.6 * 1.122 * 0.841 * 1.1) * threshold + 0.01);
+        V envelope{};
+        for (std::size_t i = 0; i < count; ++i) {
+            follow(p[i], c);
+            envelope[i] = vcaEnvelope;
+        }
+        return exp10Lanes<V>(-envelope * c.vcaRatio);
     }
 
 private:
     static constexpr double kFlush = 1e-18;
 
     // Decades above threshold; below it there is nothing to take a logarithm of.
-    static double softKnee(double level)
+    template <typename V>
+    static VELMORA_KERNEL V softKnee(const V& level)
     {
-        if (level <= 1.0) return 0.0;
-        const double P = std::log10(level);
-        return P - std::tanh(P * 8.0) * 0.125;
+        const V P = log10Lanes<V>(level);
+        const V bent = P - tanhLanes<V>(P * 8.0) * 0.125;
+        return choose<V>(level <= 1.0, V{}, bent);
+    }
+
+    VELMORA_KERNEL void follow(double p, const VcaCoefficients& c)
+    {
+        const double share = p > vcaEnvelope ? c.vcaAttack : c.vcaRelease;
+        vcaEnvelope = flush(vcaEnvelope + (p - vcaEnvelope) * share, kFlush);
     }
 
     double vcaEnvelope = kIdleEnvelope;

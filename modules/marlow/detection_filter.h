@@ -17,10 +17,25 @@ public:
     void setSampleRate(double hz);
     void reset();
 
-    /// @param control Direct or Complement.
-    void design(MarlowShape shape, MarlowControl control, const GlidedBand& band);
+    /// Designs for the samples of a block. @param control Direct or Complement.
+    void design(MarlowShape shape, MarlowControl control, const GlidedBand& band, std::size_t frames);
 
-    double process(double x) { return detectSecond.process(detectFirst.process(x)); }
+    /// What both sections remember.
+    struct History {
+        InstantSection::History first, second;
+    };
+    History history() const { return {detectFirst.history(), detectSecond.history()}; }
+    void setHistory(const History& history)
+    {
+        detectFirst.setHistory(history.first);
+        detectSecond.setHistory(history.second);
+    }
+
+    /// One sample of that block.
+    VELMORA_KERNEL double process(double x, std::size_t i, History& h) const
+    {
+        return detectSecond.process(detectFirst.process(x, i, h.first), i, h.second);
+    }
 
 private:
     InstantSection detectFirst;

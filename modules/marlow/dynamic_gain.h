@@ -1,6 +1,8 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
+#include "dsp/vector_math.h"
 
 #include <cmath>
 
@@ -19,18 +21,34 @@ public:
     }
     void reset() { gainFast = gainSlow = 0.0; }
 
-    /// @param level dB against the threshold. @return gain in dB.
-    double process(double level)
+    /// Gain that a level leads to in the end, in dB. @param level dB against the threshold.
+    template <typename V>
+    VELMORA_KERNEL V targetDb(const V& level) const
     {
-        const bool risesWithLevel = aboveDb >= belowDb;
-        const double up = risesWithLevel ? riseRate : fallRate;
-        const double down = risesWithLevel ? fallRate : riseRate;
-        const double target = targetDb(level);
-        gainFast = flush(gainFast + (target - gainFast) * (target > gainFast ? up : down), kFlush);
-        if (gainFast > gainSlow)
-            gainSlow = gainFast;
-        else
-            gainSlow = flush(gainSlow + (gainFast - gainSlow) * down, kFlush);
+        const double centre = (aboveDb + belowDb) / 2.0;
+        const double swing = (aboveDb - belowDb) / 2.0;
+        const double halfWidth = transition / 2.0;
+        const V target = centre + swing * tanhLanes<V>(level / halfWidth);
+        if (halfWidth != 0.0) return target;
+        return choose<V>(level == 0.0, allLanes<V>(centre), target); // on the edge of the hard switch
+    }
+
+    /// Shares of the way to a target per sample, up and down.
+    struct Shares {
+        double up, down;
+    };
+    Shares shares() const
+    {
+        return aboveDb >= belowDb ? Shares{riseRate, fallRate} : Shares{fallRate, riseRate};
+    }
+
+    /// @return gain in dB.
+    VELMORA_KERNEL double process(double target, const Shares& share)
+    {
+        const double step = target > gainFast ? share.up : share.down;
+        gainFast = flush(gainFast + (target - gainFast) * step, kFlush);
+        const double fallen = flush(gainSlow + (gainFast - gainSlow) * share.down, kFlush);
+        gainSlow = gainFast > gainSlow ? gainFast : fallen;
         return gainSlow;
     }
 
@@ -41,15 +59,6 @@ public:
 private:
     static constexpr double kTwoPi = 6.283;
     static constexpr double kFlush = 1e-18;
-
-    double targetDb(double level) const
-    {
-        const double centre = (aboveDb + belowDb) / 2.0;
-        const double swing = (aboveDb - belowDb) / 2.0;
-        const double halfWidth = transition / 2.0;
-        if (halfWidth == 0.0 && level == 0.0) return centre; // on the edge of the hard switch
-        return centre + swing * std::tanh(level / halfWidth);
-    }
 
     double riseRate = 1.0;
     double fallRate = 1.0;

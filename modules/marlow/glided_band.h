@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "modules/marlow/instant_section.h"
 #include "params/laws/special_laws.h"
 
 #include <cmath>
@@ -14,31 +15,65 @@ inline double marlowSmoothingStep(double sampleRate)
 }
 
 /// Frequency and Qs of the dynamic band, smoothed so that a move doesn't click.
-struct GlidedBand {
-    static constexpr double kFlush = 1e-18;
-    static constexpr double kMiddle = 0.5; ///< where the controls start
-
+class GlidedBand {
+public:
     double freqTarget = marlow::frequencyHz(kMiddle); ///< Hz
-    double freqNow = freqTarget;
     double qPeakTarget = marlow::peakQ(kMiddle);
-    double qPeakNow = qPeakTarget;
     double qShelfTarget = marlow::shelfQ(kMiddle);
-    double qShelfNow = qShelfTarget;
+
+    /// Values of the block's samples.
+    MarlowTrack freq{}, qPeak{}, qShelf{};
 
     void land()
     {
         freqNow = freqTarget;
         qPeakNow = qPeakTarget;
         qShelfNow = qShelfTarget;
+        fill();
     }
 
-    /// @param k step of one sample, 0..1.
-    void advance(double k)
+    /// Goes on by a block. @param k step of one sample, 0..1.
+    void advance(double k, std::size_t frames)
     {
-        freqNow = flush(freqNow + (freqTarget - freqNow) * k, kFlush);
-        qPeakNow = flush(qPeakNow + (qPeakTarget - qPeakNow) * k, kFlush);
-        qShelfNow = flush(qShelfNow + (qShelfTarget - qShelfNow) * k, kFlush);
+        const bool rests = next(freqNow, freqTarget, k) == freqNow &&
+                           next(qPeakNow, qPeakTarget, k) == qPeakNow &&
+                           next(qShelfNow, qShelfTarget, k) == qShelfNow;
+        if (rests) {
+            if (!stands_) fill();
+            return;
+        }
+        stands_ = false;
+        for (std::size_t i = 0; i < frames; ++i) {
+            freq[i] = freqNow = next(freqNow, freqTarget, k);
+            qPeak[i] = qPeakNow = next(qPeakNow, qPeakTarget, k);
+            qShelf[i] = qShelfNow = next(qShelfNow, qShelfTarget, k);
+        }
     }
+
+    /// Whether the values are the same throughout the block.
+    bool stands() const { return stands_; }
+
+private:
+    static constexpr double kFlush = 1e-18;
+    static constexpr double kMiddle = 0.5; ///< where the controls start
+
+    static double next(double now, double target, double k)
+    {
+        return flush(now + (target - now) * k, kFlush);
+    }
+
+    void fill()
+    {
+        freq.fill(freqNow);
+        qPeak.fill(qPeakNow);
+        qShelf.fill(qShelfNow);
+        stands_ = true;
+    }
+
+    double freqNow = freqTarget;
+    double qPeakNow = qPeakTarget;
+    double qShelfNow = qShelfTarget;
+    bool stands_ = false;
 };
 
 } // namespace velmora

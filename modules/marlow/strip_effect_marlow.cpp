@@ -1,5 +1,8 @@
 #include "modules/marlow/strip_effect_marlow.h"
 
+#include "dsp/lanes.h"
+#include "dsp/run_widest.h"
+#include "dsp/vector_math.h"
 #include "params/laws/special_laws.h"
 #include "params/type_codes.h"
 
@@ -60,7 +63,7 @@ void StripEffectMarlow::setSampleRate(double hz)
     detection.setSampleRate(sampleRate);
     dynamicFilter.setSampleRate(sampleRate);
     smoothingStep = marlowSmoothingStep(sampleRate);
-    updateRates();
+    ratesAreStale = true;
     dynamicGain.reset();
 }
 
@@ -81,11 +84,11 @@ void StripEffectMarlow::setParameter(std::uint32_t id, double value)
         break;
     case Time:
         timeFactor = marlow::timeFactor(value);
-        updateRates();
+        ratesAreStale = true;
         break;
     case Frequency:
         band.freqTarget = marlow::frequencyHz(value);
-        updateRates();
+        ratesAreStale = true;
         break;
     case Above:
         dynamicGain.aboveDb = marlow::gainDb(value);
@@ -116,26 +119,85 @@ void StripEffectMarlow::loadDefaults()
     writeDefaults(kMarlowCode);
 }
 
-double StripEffectMarlow::detect(double key)
+void StripEffectMarlow::updateRates()
 {
-    if (controlMode == MarlowControl::Off) return key;
-    detection.design(filterType, controlMode, band);
-    return detection.process(key);
+    if (!ratesAreStale) return;
+    dynamicGain.setRates(band.freqTarget, timeFactor, sampleRate);
+    ratesAreStale = false;
 }
 
-void StripEffectMarlow::designDynamicFilter(double gainDb)
+// From the key to the gain, in groups of lanes: filters and followers go through a group sample by sample,
+// levels and targets are worked out side by side. Groups overlap, as no filter waits for a follower.
+void StripEffectMarlow::detect(MarlowTrack& key, MarlowTrack& gainDb, std::size_t frames)
 {
-    switch (filterType) {
-    case MarlowShape::LowShelf:
-        dynamicFilter.design(StripBiquadKind::LowShelf, band.freqNow, band.qShelfNow, gainDb);
-        break;
-    case MarlowShape::Peak:
-        dynamicFilter.design(StripBiquadKind::Peaking, band.freqNow, band.qPeakNow, gainDb);
-        break;
-    case MarlowShape::HighShelf:
-        dynamicFilter.design(StripBiquadKind::HighShelf, band.freqNow, band.qShelfNow, gainDb);
-        break;
-    }
+    const bool filters = controlMode != MarlowControl::Off;
+    if (filters) detection.design(filterType, controlMode, band, frames);
+    runWidest([&](auto width) {
+        using V = Lanes<width>;
+        DetectionFilter::History history = detection.history(); // in registers, like the followers
+        DynamicGain gain = dynamicGain;
+        ThresholdIndicator pointer = indicator;
+        const DynamicGain::Shares shares = gain.shares();
+        const double k = smoothingStep;
+        for (std::size_t at = 0; at < frames; at += width) {
+            const std::size_t end = std::min<std::size_t>(at + width, frames);
+            if (filters)
+                for (std::size_t i = at; i < end; ++i) key[i] = detection.process(key[i], i, history);
+            const V magnitude = absLanes<V>(loadLanes<V>(&key[at])) + kLevelFloor;
+            const V level = 20.0 * log10Lanes<V>(magnitude) - thresholdDb;
+            const V target = gain.targetDb<V>(level);
+            for (std::size_t i = at; i < end; ++i) {
+                pointer.follow(level[i - at], k);
+                gainDb[i] = gain.process(target[i - at], shares);
+            }
+        }
+        detection.setHistory(history);
+        dynamicGain = gain;
+        indicator = pointer;
+    });
+}
+
+void StripEffectMarlow::filter(MarlowTrack& x, const MarlowTrack& gainDb, bool gainStands, std::size_t frames)
+{
+    const SectionTracks peak{band.freq, band.qPeak, band.stands(), &gainDb, gainStands};
+    const SectionTracks shelf{band.freq, band.qShelf, band.stands(), &gainDb, gainStands};
+    if (filterType == MarlowShape::Peak)
+        dynamicFilter.design(StripBiquadKind::Peaking, peak, frames);
+    else
+        dynamicFilter.design(filterType == MarlowShape::LowShelf ? StripBiquadKind::LowShelf
+                                                                 : StripBiquadKind::HighShelf,
+                             shelf, frames);
+    runWidest([&] {
+        InstantSection::History history = dynamicFilter.history();
+        for (std::size_t i = 0; i < frames; ++i) x[i] = dynamicFilter.process(x[i], i, history);
+        dynamicFilter.setHistory(history);
+    });
+}
+
+void StripEffectMarlow::runBlock(const double* input, const double* key, const AudioRecord& out,
+                                 std::int32_t at, std::int32_t frames)
+{
+    const auto count = static_cast<std::size_t>(frames);
+    MarlowTrack x;
+    MarlowTrack detected;
+    MarlowTrack gainDb;
+    std::copy_n(input + at, count, x.data());
+    std::copy_n(key + at, count, detected.data());
+    detected.closeBehind(count);
+    gainDb.closeBehind(count);
+    meterInBlock(x.data(), frames);
+    band.advance(smoothingStep, count);
+    detect(detected, gainDb, count);
+    const auto end = gainDb.begin() + frames;
+    filter(x, gainDb, std::all_of(gainDb.begin(), end, [&](double g) { return g == gainDb[0]; }), count);
+    dynamicGainDb = gainDb[count - 1];
+    aboveBelowIndicator = indicator.value();
+
+    const MarlowTrack& heard = monitor != 0 ? detected : x;
+    meterOutBlock(heard.data(), frames);
+    if ((outputMask & 1) == 0) return;
+    std::copy_n(heard.data(), count, out.left(0) + at);
+    std::copy_n(heard.data(), count, out.right(0) + at);
 }
 
 void StripEffectMarlow::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
@@ -144,27 +206,10 @@ void StripEffectMarlow::processMono(const AudioRecord& in, const AudioRecord& ou
         processThrough(in, out, frames);
         return;
     }
-    const double* input = in.left(0);
-    const double* key = in.left(sideChainSource);
-    const double k = smoothingStep;
-    double gainDb = dynamicGainDb;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double x = input[i];
-        const double d = key[i];
-        meterInMono(x);
-        band.advance(k);
-        const double detected = detect(d);
-        const double level = 20.0 * std::log10(std::fabs(detected) + kLevelFloor) - thresholdDb;
-        indicator.follow(level, k);
-        gainDb = dynamicGain.process(level);
-        designDynamicFilter(gainDb);
-        const double filtered = dynamicFilter.process(x);
-        const double y = monitor != 0 ? detected : filtered;
-        meterOutMono(y);
-        writeMono(out, i, y);
-    }
-    dynamicGainDb = gainDb;
-    aboveBelowIndicator = indicator.value();
+    updateRates();
+    constexpr auto kBlock = static_cast<std::int32_t>(kMarlowBlock);
+    for (std::int32_t at = 0; at < frames; at += kBlock)
+        runBlock(in.left(0), in.left(sideChainSource), out, at, std::min(frames - at, kBlock));
 }
 
 void StripEffectMarlow::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

@@ -27,9 +27,11 @@ public:
     void deactivate() override { active = 0; }
 
 private:
-    void updateRates() { dynamicGain.setRates(band.freqTarget, timeFactor, sampleRate); }
-    double detect(double key);
-    void designDynamicFilter(double gainDb);
+    void updateRates();
+    void runBlock(const double* input, const double* key, const AudioRecord& out, std::int32_t at,
+                  std::int32_t frames);
+    void detect(MarlowTrack& key, MarlowTrack& gainDb, std::size_t frames);
+    void filter(MarlowTrack& x, const MarlowTrack& gainDb, bool gainStands, std::size_t frames);
 
     DetectionFilter detection;
     InstantSection dynamicFilter;
@@ -37,6 +39,7 @@ private:
     DynamicGain dynamicGain;
     ThresholdIndicator indicator;
 
+    bool ratesAreStale = true;
     double smoothingStep = 1.0; ///< of frequency, Q and indicator, per sample
     double timeFactor = 1.0;
     double thresholdDb = -30.0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
 
 namespace velmora {
 
@@ -10,10 +11,10 @@ public:
     void reset() { levelSmooth = aboveBelowIndicator = 0.0; }
 
     /// @param level dB against the threshold; @param k step of one sample, 0..1.
-    void follow(double level, double k)
+    VELMORA_KERNEL void follow(double level, double k)
     {
-        for (int pole = 0; pole < 2; ++pole)
-            levelSmooth = flush(levelSmooth + (level - levelSmooth) * k, kFlush);
+        const double twice = (2.0 - k) * k; // two steps to one level at once
+        levelSmooth = flush(levelSmooth + (level - levelSmooth) * twice, kFlush);
         const double move = levelSmooth >= 0.0 ? (1.0 - aboveBelowIndicator) * k //
                                                : -(aboveBelowIndicator + 1.0) * k;
         aboveBelowIndicator = flush(aboveBelowIndicator + move, kFlush);

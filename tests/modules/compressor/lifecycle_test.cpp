@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 namespace velmora::test {
 namespace {
@@ -98,11 +99,16 @@ TEST(Lifecycle, BlockSplitsDontShow)
             rig.set(Rig::Threshold, 0.2);
             rig.set(Rig::HighPass, 0.3); // glides and a moving envelope on the way
             Signal y = rig.run(rig.sine(0.2, 0.8), {}, piece);
-            for (std::uint32_t meter : {0U, 1U, 2U}) y.push_back(rig.read(meter));
-            return y;
+            y.push_back(rig.read(Rig::GainReduction));
+            return std::pair{y, Signal{rig.read(Rig::InLevel), rig.read(Rig::OutLevel)}};
         };
-        const Signal whole = render(64);
-        for (std::size_t piece : {1U, 37U, 128U, 4096U}) EXPECT_EQ(render(piece), whole);
+        const auto [whole, levels] = render(64);
+        for (std::size_t piece : {1U, 3U, 37U, 128U, 4096U}) {
+            const auto [y, otherLevels] = render(piece);
+            EXPECT_EQ(y, whole);
+            for (std::size_t m : {0U, 1U})
+                EXPECT_NEAR(otherLevels[m], levels[m], 1e-12); // taken by the block
+        }
     }
 }
 
