@@ -51,12 +51,12 @@ struct LanePlan {
     bool gliding = false;
     bool sound = false; ///< no NaN has come up
 
-    PerLane<Section*> sections{};    ///< null: idle
-    PerLane<const double*> inputs{}; ///< of the lanes that begin a chain
-    PerLane<std::int64_t> delays;    ///< steps until a lane takes its first sample
-    PerLane<bool> heard{};           ///< whether the output is wanted
-    std::size_t width = 0;           ///< lanes of a vector
-    alignas(64) std::array<double, mostLanes * kLanePiece> fed;     ///< vector by vector, by sample
+    PerLane<Section*> sections{};                               ///< null: idle
+    PerLane<const double*> inputs{};                            ///< of the lanes that begin a chain
+    PerLane<std::int64_t> delays;                               ///< steps until a lane takes its first sample
+    PerLane<bool> heard{};                                      ///< whether the output is wanted
+    std::size_t width = 0;                                      ///< lanes of a vector
+    alignas(64) std::array<double, mostLanes * kLanePiece> fed; ///< vector by vector, by sample
     alignas(64) std::array<double, mostLanes * kMostSteps> outputs; ///< vector by vector, by step
 
     LanePlan(std::int32_t startFrame, std::int32_t frameCount) : start(startFrame), frames(frameCount)
@@ -165,7 +165,8 @@ VELMORA_KERNEL void forEachFromLast(F f)
     [&]<std::size_t... k>(std::index_sequence<k...>) __attribute__((always_inline))
     {
         (f(std::integral_constant<std::size_t, count - 1 - k>{}), ...);
-    }(std::make_index_sequence<count>{});
+    }
+    (std::make_index_sequence<count>{});
 }
 
 /// Lanes with a sample from 0 to below `frames`: one comparison, with all values moved to where the negative
@@ -190,7 +191,7 @@ VELMORA_KERNEL void runLanes(LanePlan<Section, mostLanes>& plan)
 
     const std::int32_t frames = plan.frames;
     const auto step = [&](auto v, std::int32_t n, std::int32_t sample, const auto& begun, const auto& due)
-                          __attribute__((always_inline))
+        __attribute__((always_inline))
     {
         V before{};
         if constexpr (v > 0) before = lanes[v - 1].y1();
@@ -210,8 +211,9 @@ VELMORA_KERNEL void runLanes(LanePlan<Section, mostLanes>& plan)
     };
     const auto stepAll = [&](std::int32_t n) __attribute__((always_inline))
     {
-        forEachFromLast<vectors>([&](auto v)
-                                     __attribute__((always_inline)) { step(v, n, n, EveryLane{}, EveryLane{}); });
+        forEachFromLast<vectors>([&](auto v) __attribute__((always_inline)) {
+            step(v, n, n, EveryLane{}, EveryLane{});
+        });
     };
     for (std::int32_t n = 0; n <= frames + plan.lastDelay; ++n) {
         if (n == plan.lastDelay + 1)
@@ -261,7 +263,8 @@ void runOneByOne(const SectionChain<Section>& chain, std::int32_t start, std::in
 /// @param Section has `runSample`, `passes`, `passBlock` and `parts` as `StripBiquad` has.
 /// @param LanesOf what runs sections side by side, as `SectionLanes` does.
 /// @param mostLanes sections at once: 4, 8, 12 or 20.
-template <template <typename V, SectionMotion motion> typename LanesOf, std::size_t mostLanes, typename Section>
+template <template <typename V, SectionMotion motion> typename LanesOf, std::size_t mostLanes,
+          typename Section>
 void runLaneChains(std::span<const SectionChain<Section>> chains, std::int32_t frames)
 {
     using Plan = detail::LanePlan<Section, mostLanes>;

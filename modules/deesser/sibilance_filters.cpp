@@ -1,5 +1,7 @@
 #include "modules/deesser/sibilance_filters.h"
 
+#include "dsp/section_chains.h"
+
 namespace velmora {
 
 namespace {
@@ -51,6 +53,17 @@ void SibilanceFilters::setBand(double frequency, double q)
     const double split = crossoverHz(frequency, q);
     for (StripBiquad* section : {&splitHighA, &splitHighB, &splitLowA, &splitLowB})
         section->setFrequency(split);
+}
+
+void SibilanceFilters::process(const double* x, Bands& bands, std::int32_t frames)
+{
+    const std::array<BiquadLink, 4> high{{{&splitHighA},
+                                          {&splitHighB, bands.high.data()},
+                                          {&detectBand},
+                                          {&detectBell, bands.detected.data()}}};
+    const std::array<BiquadLink, 2> low{{{&splitLowA}, {&splitLowB, bands.low.data()}}};
+    const std::array<BiquadChain, 2> chains{{{x, high}, {x, low}}};
+    runChains(chains, frames);
 }
 
 void SibilanceFilters::reset()

@@ -2,15 +2,20 @@
 
 #include "dsp/strip_biquad.h"
 
+#include <array>
+#include <cstdint>
+
 namespace velmora {
 
 /// The de-esser's filters: a crossover of two sections a side, and the detection band behind its high side.
 class SibilanceFilters {
 public:
+    static constexpr std::int32_t kLongest = 64;
+    using Block = std::array<double, kLongest>;
     struct Bands {
-        double low;
-        double high;
-        double detected;
+        Block low;
+        Block high;
+        Block detected;
     };
 
     SibilanceFilters();
@@ -20,12 +25,8 @@ public:
     void setBand(double frequency, double q);
     void reset();
 
-    Bands process(double x)
-    {
-        const double high = splitHighB.runSample(splitHighA.runSample(x));
-        const double low = splitLowB.runSample(splitLowA.runSample(x));
-        return {low, high, detectBell.runSample(detectBand.runSample(high))};
-    }
+    /// @range frames up to kLongest.
+    void process(const double* x, Bands& bands, std::int32_t frames);
 
 private:
     template <typename Action>

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/lanes.h"
 #include "modules/deesser/sibilance_rates.h"
-
-#include <cmath>
 
 namespace velmora {
 
@@ -17,28 +16,28 @@ public:
     void setRangeFloor(double gain) { rangeFloor = gain; } ///< deepest gain, linear 0..1
     void reset() { ratioHold = ratioSmooth = 0.0; }
 
-    /// @param ratio of whole signal to band, above 0. @return gain `rangeFloor`..1.
-    double process(double ratio, const SibilanceRates& r)
+    /// @param ratio of whole signal to band, above 0. @return the smoothed ratio, for `gain`.
+    double follow(double ratio, const SibilanceRates& r)
     {
-        if (ratioHold > ratio)
-            ratioHold = ratio;
-        else
-            ratioHold += (1.0 - ratioHold) * r.riseFast;
-        ratioHold = flush(ratioHold, kFlush);
+        const double returned = ratioHold + (1.0 - ratioHold) * r.riseFast;
+        ratioHold = flush(ratioHold > ratio ? ratio : returned, kFlush);
         ratioSmooth += (ratioHold - ratioSmooth) * (ratioSmooth > ratioHold ? r.riseFast : r.recover);
         ratioSmooth = flush(ratioSmooth, kFlush);
-        return bend(ratioSmooth) * (1.0 - rangeFloor) + rangeFloor;
+        return ratioSmooth;
+    }
+
+    /// Gain `rangeFloor`..1 of a smoothed ratio.
+    template <typename V>
+    VELMORA_KERNEL V gain(const V& ratio) const
+    {
+        // The power 1 - 1/ratio: 0.5 or 0.75.
+        const V root = sqrtLanes<V>(ratio);
+        const V bent = ratio_ == Ratio::TwoToOne ? root : root * sqrtLanes<V>(root);
+        return bent * (1.0 - rangeFloor) + rangeFloor;
     }
 
 private:
     static constexpr double kFlush = 1e-15;
-
-    // The power 1 - 1/ratio: 0.5 or 0.75.
-    double bend(double ratio) const
-    {
-        const double root = std::sqrt(ratio);
-        return ratio_ == Ratio::TwoToOne ? root : root * std::sqrt(root);
-    }
 
     Ratio ratio_ = Ratio::TwoToOne;
     double rangeFloor = 1.0;

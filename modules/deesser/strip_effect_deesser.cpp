@@ -1,5 +1,6 @@
 #include "modules/deesser/strip_effect_deesser.h"
 
+#include "dsp/run_widest.h"
 #include "params/laws/special_laws.h"
 #include "params/type_codes.h"
 
@@ -101,30 +102,52 @@ void StripEffectDeesser::processMono(const AudioRecord& in, const AudioRecord& o
         processThrough(in, out, frames);
         return;
     }
-    const double* input = in.left(0);
-    const SibilanceRates r = rates;
-    const double qScale = std::sqrt(q);
-    const double bandGain = kBandScale * sensitivityGain;
-    double applied = gain;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double x = input[i];
-        meterInMono(x);
-        levels.followWide(std::fabs(x), r);
-        SibilanceFilters::Bands bands = filters.process(x);
-        bands.detected *= qScale;
-        levels.followBand(std::fabs(bands.detected) * bandGain, r);
-        applied = gainComputer.process(levels.wideToBand(), r);
-        const double y = mix(x, bands, applied);
-        meterOutMono(y);
-        writeMono(out, i, y);
-    }
-    gain = applied;
+    for (std::int32_t start = 0; start < frames; start += kPiece)
+        processPiece(in.left(0) + start, out, start, std::min(kPiece, frames - start));
 }
 
-double StripEffectDeesser::mix(double x, const SibilanceFilters::Bands& bands, double applied) const
+void StripEffectDeesser::processPiece(const double* input, const AudioRecord& out, std::int32_t start,
+                                      std::int32_t frames)
 {
-    if (monitor != 0) return kMonitorGain * bands.detected * applied;
-    return splitMode != 0 ? bands.low + bands.high * applied : x * applied;
+    meterInBlock(input, frames);
+    SibilanceFilters::Bands bands;
+    filters.process(input, bands, frames);
+    const auto count = static_cast<std::size_t>(frames);
+    const double qScale = std::sqrt(q);
+    for (std::size_t i = 0; i < count; ++i) bands.detected[i] *= qScale;
+
+    Block applied;
+    findGains(input, bands.detected.data(), applied.data(), count);
+    gain = applied[count - 1];
+
+    Block y;
+    if (monitor != 0)
+        for (std::size_t i = 0; i < count; ++i) y[i] = kMonitorGain * bands.detected[i] * applied[i];
+    else if (splitMode != 0)
+        for (std::size_t i = 0; i < count; ++i) y[i] = bands.low[i] + bands.high[i] * applied[i];
+    else
+        for (std::size_t i = 0; i < count; ++i) y[i] = input[i] * applied[i];
+    meterOutBlock(y.data(), frames);
+    for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+}
+
+void StripEffectDeesser::findGains(const double* wide, const double* detected, double* gains,
+                                   std::size_t count)
+{
+    const SibilanceRates r = rates;
+    const double bandGain = kBandScale * sensitivityGain;
+    SibilanceLevels followed = levels; // locals stay in registers
+    SibilanceGain computer = gainComputer;
+    for (std::size_t i = 0; i < count; ++i) {
+        followed.follow(std::fabs(wide[i]), std::fabs(detected[i]) * bandGain, r);
+        gains[i] = computer.follow(followed.wideToBand(), r);
+    }
+    levels = followed;
+    gainComputer = computer;
+    runWidest([=](auto width) {
+        using V = Lanes<width>;
+        mapLanes<V>(gains, gains, count, [&](const V& ratio) { return computer.template gain<V>(ratio); });
+    });
 }
 
 void StripEffectDeesser::processStereo(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)

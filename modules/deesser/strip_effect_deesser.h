@@ -25,8 +25,13 @@ public:
     void deactivate() override { active = 0; }
 
 private:
+    static constexpr std::int32_t kPiece = SibilanceFilters::kLongest;
+    using Block = SibilanceFilters::Block;
+
     void updateRates() { rates = sibilanceRates(frequency, sampleRate); }
-    double mix(double x, const SibilanceFilters::Bands& bands, double applied) const;
+    void processPiece(const double* input, const AudioRecord& out, std::int32_t start, std::int32_t frames);
+    /// @param detected weighted sibilance band.
+    void findGains(const double* wide, const double* detected, double* gains, std::size_t count);
 
     SibilanceFilters filters;
     SibilanceLevels levels;

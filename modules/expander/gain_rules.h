@@ -1,6 +1,8 @@
 #pragma once
 
 #include "dsp/flush.h"
+#include "dsp/run_widest.h"
+#include "dsp/vector_math.h"
 #include "modules/expander/hold_counter.h"
 #include "modules/expander/release_shape.h"
 
@@ -11,7 +13,8 @@
 #include <cstdint>
 
 /// The three laws by which the key's level moves the gain. `level` is the key's magnitude as a share of the
-/// threshold: 1 is the threshold. All of them work on a gain of 0..1 that the range then lifts off its floor.
+/// threshold: 1 is the threshold. `prepare` takes the levels of a block, `advance` what became of them one by
+/// one. All of them work on a gain of 0..1 that the range then lifts off its floor.
 namespace velmora {
 
 /// One channel's gain.
@@ -45,14 +48,24 @@ struct ExpanderRule {
     GainTiming timing;
     double exponent; ///< 0: gain 1 at any level
 
-    double target(double level) const
+    /// Levels become the gains that they ask for.
+    void prepare(double* levels, std::size_t count) const
     {
-        return exponent == 0.0 || level >= 1.0 ? 1.0 : std::pow(level, exponent);
+        if (exponent == 0.0) {
+            std::fill_n(levels, count, 1.0);
+            return;
+        }
+        runWidest([=, e = exponent](auto width) {
+            using V = Lanes<width>;
+            mapLanes<V>(levels, levels, count, [e](const V& level) {
+                return choose<V>(level >= 1.0, allLanes<V>(1.0), powLanes<V>(level, allLanes<V>(e)));
+            });
+        });
     }
 
-    void advance(GainState& state, double level) const
+    /// @param t prepared level
+    void advance(GainState& state, double t) const
     {
-        const double t = target(level);
         double envelope = state.envelope;
         if (t > envelope) {
             // It heads for 1 and stops on the way, so a shallow rise is as fast as a deep one.
@@ -72,6 +85,8 @@ struct ExpanderRule {
 struct GateRule {
     GainTiming timing;
 
+    void prepare(double*, std::size_t) const {}
+
     void advance(GainState& state, double level) const
     {
         double& envelope = state.envelope;
@@ -88,6 +103,8 @@ struct GateRule {
 /// The gate turned over: closes at the threshold, opens after the hold.
 struct DuckerRule {
     GainTiming timing;
+
+    void prepare(double*, std::size_t) const {}
 
     void advance(GainState& state, double level) const
     {

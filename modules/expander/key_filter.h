@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dsp/strip_biquad.h"
+#include "dsp/section_chains.h"
 
 #include <array>
 
@@ -18,12 +18,9 @@ public:
     void setSampleRate(double hz);
     void reset();
 
-    double process(double k)
-    {
-        if (highPassIn_) k = highPass_[1].runSample(highPass_[0].runSample(k));
-        if (lowPassIn_) k = lowPass_[1].runSample(lowPass_[0].runSample(k));
-        return k;
-    }
+    using Links = std::array<BiquadLink, 4>;
+    /// Fills in the chain of the filters that are in.
+    BiquadChain chain(const double* key, double* filtered, Links& links);
 
 private:
     static constexpr double kQ = 0.7;

@@ -15,11 +15,15 @@ struct ReleaseShape {
     double power = 1.0;       ///< 1 (exponential) .. 1/16 (nearly straight)
     double coefficient = 0.0; ///< step per sample at a distance of 1
 
-    /// Step of one sample. @param distance still to go, 0..1.
-    double step(double distance) const
+    /// distance^power; the root is that of the middle of the shape, where most leave it.
+    double raised(double distance) const
     {
-        return distance > 0.0 ? std::pow(distance, power) * coefficient : 0.0;
+        if (power == 0.5) return std::sqrt(distance);
+        return power == 1.0 ? distance : std::pow(distance, power);
     }
+
+    /// Step of one sample. @param distance still to go, 0..1.
+    double step(double distance) const { return distance > 0.0 ? raised(distance) * coefficient : 0.0; }
 };
 
 /// @param shape 0..1. The coefficient is corrected so that the release time holds for every shape.

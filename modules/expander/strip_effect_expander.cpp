@@ -202,51 +202,94 @@ void StripEffectExpander::runMono(const Rule& rule, const AudioRecord& in, const
                                   std::int32_t frames)
 {
     const double* input = in.left(0);
-    const double* key = in.left(sideChainSource);
-    const bool monitor = monitorOn != 0;
-    const double depth = 1.0 - rangeGain;
-    GainState state = gains[Left];
-    double lastGain = gainOut;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double x = input[i];
-        meterInStereo(x, x);
-        const double k = keyFilters[Left].process(key[i]);
-        rule.advance(state, std::fabs(k) * inverseThreshold);
-        const double gain = depth * state.smoothed + rangeGain;
-        const double y = monitor ? k : x * gain;
-        meterOutStereo(y, y);
-        writeMono(out, i, y);
-        lastGain = monitor ? kNoReduction : gain;
+    meterInBlock(input, input, frames);
+    for (std::int32_t start = 0; start < frames; start += kPiece) {
+        const std::int32_t length = std::min(kPiece, frames - start);
+        const auto count = static_cast<std::size_t>(length);
+        const double* x = input + start;
+        const std::array sources{in.left(sideChainSource) + start};
+        std::array<Block, 1> filtered;
+        const auto keys = filterKeys(sources, filtered, length);
+
+        Block gain;
+        for (std::size_t i = 0; i < count; ++i) gain[i] = std::fabs(keys[0][i]) * inverseThreshold;
+        followLevels(rule, gains[Left], gain.data(), count);
+        Block y;
+        if (monitorOn != 0)
+            std::copy_n(keys[0], count, y.begin());
+        else
+            for (std::size_t i = 0; i < count; ++i) y[i] = x[i] * gain[i];
+        meterOutBlock(y.data(), y.data(), length);
+        for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+        gainOut = monitorOn != 0 ? kNoReduction : clampUnit(gain[count - 1]);
     }
-    gains[Left] = state;
-    gainOut = clampUnit(lastGain);
+}
+
+template <std::size_t channels>
+std::array<const double*, channels>
+StripEffectExpander::filterKeys(const std::array<double*, channels>& sources,
+                                std::array<Block, channels>& filtered, std::int32_t frames)
+{
+    std::array<KeyFilter::Links, channels> links;
+    std::array<BiquadChain, channels> chains;
+    std::array<const double*, channels> keys;
+    for (std::size_t c = 0; c < channels; ++c) {
+        chains[c] = keyFilters[c].chain(sources[c], filtered[c].data(), links[c]);
+        keys[c] = chains[c].links.empty() ? sources[c] : filtered[c].data();
+    }
+    runChains(chains, frames);
+    return keys;
+}
+
+template <typename Rule>
+void StripEffectExpander::followLevels(const Rule& rule, GainState& gain, double* levels,
+                                       std::size_t count) const
+{
+    rule.prepare(levels, count);
+    GainState state = gain; // a local stays in registers
+    for (std::size_t i = 0; i < count; ++i) {
+        rule.advance(state, levels[i]);
+        levels[i] = state.smoothed;
+    }
+    gain = state;
+    const double depth = 1.0 - rangeGain;
+    for (std::size_t i = 0; i < count; ++i) levels[i] = depth * levels[i] + rangeGain;
 }
 
 template <typename Rule>
 void StripEffectExpander::runStereo(const Rule& rule, const AudioRecord& in, const AudioRecord& out,
                                     std::int32_t frames)
 {
-    const bool monitor = monitorOn != 0;
-    const double depth = 1.0 - rangeGain;
-    double lastGain = gainOut;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const double l = in.left(0)[i];
-        const double r = in.right(0)[i];
-        meterInStereo(l, r);
-        const double keyL = keyFilters[Left].process(in.left(sideChainSource)[i]);
-        const double keyR = keyFilters[Right].process(in.right(sideChainSource)[i]);
-        const double level = std::max(std::fabs(keyL), std::fabs(keyR)) * inverseThreshold;
-        for (GainState& state : gains) rule.advance(state, level);
-        const double gainL = depth * gains[Left].smoothed + rangeGain;
-        const double gainR = depth * gains[Right].smoothed + rangeGain;
-        const double left = monitor ? keyL : l * gainL;
-        const double right = monitor ? keyR : r * gainR;
-        meterOutStereo(left, right);
-        out.left(0)[i] = left;
-        out.right(0)[i] = right;
-        lastGain = monitor ? kNoReduction : std::min(gainL, gainR);
+    const std::array inputs{in.left(0), in.right(0)};
+    const std::array outputs{out.left(0), out.right(0)};
+    meterInBlock(inputs[Left], inputs[Right], frames);
+    for (std::int32_t start = 0; start < frames; start += kPiece) {
+        const std::int32_t length = std::min(kPiece, frames - start);
+        const auto count = static_cast<std::size_t>(length);
+        const std::array sources{in.left(sideChainSource) + start, in.right(sideChainSource) + start};
+        std::array<Block, kChannels> filtered;
+        const auto keys = filterKeys(sources, filtered, length);
+
+        std::array<Block, kChannels> gain;
+        for (std::size_t i = 0; i < count; ++i)
+            gain[Left][i] = gain[Right][i] =
+                std::max(std::fabs(keys[Left][i]), std::fabs(keys[Right][i])) * inverseThreshold;
+        double lastGain = kNoReduction;
+        for (std::size_t c = 0; c < kChannels; ++c) {
+            followLevels(rule, gains[c], gain[c].data(), count);
+            lastGain = std::min(lastGain, gain[c][count - 1]);
+        }
+        for (std::size_t c = 0; c < kChannels; ++c) {
+            double* y = outputs[c] + start;
+            if (monitorOn != 0)
+                std::copy_n(keys[c], count, y);
+            else
+                for (std::size_t i = 0; i < count; ++i)
+                    y[i] = inputs[c][start + static_cast<std::int32_t>(i)] * gain[c][i];
+        }
+        gainOut = monitorOn != 0 ? kNoReduction : clampUnit(lastGain);
     }
-    gainOut = clampUnit(lastGain);
+    meterOutBlock(outputs[Left], outputs[Right], frames);
 }
 
 void StripEffectExpander::getMeter(std::uint32_t id, double* out)

@@ -38,8 +38,19 @@ private:
     void updateSmoothing();
     GainTiming timingOfCall() const;
 
+    static constexpr std::int32_t kPiece = 64;
+    using Block = std::array<double, kPiece>;
+
     template <typename Run>
     void withRule(Run run) const;
+    /// Where the keys stand behind their filters: in `filtered`, or still at their sources.
+    template <std::size_t channels>
+    std::array<const double*, channels> filterKeys(const std::array<double*, channels>& sources,
+                                                   std::array<Block, channels>& filtered,
+                                                   std::int32_t frames);
+    /// Levels against the threshold become gains.
+    template <typename Rule>
+    void followLevels(const Rule& rule, GainState& gain, double* levels, std::size_t count) const;
     template <typename Rule>
     void runMono(const Rule& rule, const AudioRecord& in, const AudioRecord& out, std::int32_t frames);
     template <typename Rule>

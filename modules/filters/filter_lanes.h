@@ -68,8 +68,9 @@ private:
     {
         const MaskOf<V> moves = wordsWhere<V>(due, left_) > 0;
         left_ += moves; // a set lane is -1
-        const V drifted = flushLanes((target_ - coefficient_) * StripFilterSection::kCoefficientStep + coefficient_,
-                                     StripFilterSection::kCoefficientFlush);
+        const V drifted =
+            flushLanes((target_ - coefficient_) * StripFilterSection::kCoefficientStep + coefficient_,
+                       StripFilterSection::kCoefficientFlush);
         coefficient_ = where<V>(due, choose<V>(moves, drifted, target_), coefficient_);
     }
 

@@ -150,7 +150,8 @@ void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& o
         const SectionChain<StripFilterSection> chain = rails[Left].chain(type == Pro, piece.data(), links);
         runRails({&chain, 1}, count);
         meterOutBlock(piece.data(), count);
-        for (std::int32_t i = 0; i < count; ++i) writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+        for (std::int32_t i = 0; i < count; ++i)
+            writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
     }
 }
 

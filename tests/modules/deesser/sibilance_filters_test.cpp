@@ -1,4 +1,7 @@
 #include "modules/deesser/sibilance_filters.h"
+#include "modules/deesser/sibilance_gain.h"
+#include "modules/deesser/sibilance_levels.h"
+#include "tests/plain/sibilance_followers.h"
 #include "tests/support/special_rig.h"
 
 namespace velmora::test {
@@ -15,11 +18,13 @@ Response impulseResponse(double frequency, double q, double rate)
     filters.setBand(frequency, q);
     filters.reset();
     Response r;
-    for (int n = 0; n < 16384; ++n) {
-        const SibilanceFilters::Bands bands = filters.process(n == 0 ? 1.0 : 0.0);
-        r.low.push_back(bands.low);
-        r.high.push_back(bands.high);
-        r.detected.push_back(bands.detected);
+    SibilanceFilters::Block x{1.0};
+    for (int block = 0; block < 256; ++block, x = {}) {
+        SibilanceFilters::Bands bands;
+        filters.process(x.data(), bands, SibilanceFilters::kLongest);
+        r.low.insert(r.low.end(), bands.low.begin(), bands.low.end());
+        r.high.insert(r.high.end(), bands.high.begin(), bands.high.end());
+        r.detected.insert(r.detected.end(), bands.detected.begin(), bands.detected.end());
     }
     return r;
 }
@@ -65,6 +70,29 @@ TEST(SibilanceFilters, DetectorPeaksAtTheFrequencySixDecibelsDown)
     EXPECT_NEAR(band(6000.0), -6.0, 1e-3);
     EXPECT_LT(band(5000.0), -7.0);
     EXPECT_LT(band(3000.0), -18.0);
+}
+
+TEST(SibilanceLevels, TwoLanesHaveTheBitsOfTheFollowersOneByOne)
+{
+    const SibilanceRates rates = sibilanceRates(6000.0, 48000.0);
+    SibilanceLevels levels;
+    SibilanceGain computer;
+    plain::SibilanceFollowers one;
+    const Signal wide = noise(20000, 0.5, 3);
+    const Signal band = noise(20000, 1.0, 4);
+    double deepest = 1.0;
+    for (std::size_t n = 0; n < wide.size(); ++n) {
+        const double burst = n / 3000 % 2 == 0 ? 1.0 : 1e-4;
+        const double w = std::fabs(wide[n]);
+        const double b = burst * std::fabs(band[n]);
+        levels.follow(w, b, rates);
+        const double got = computer.follow(levels.wideToBand(), rates);
+        const double expected = one.follow(w, b, rates);
+        ASSERT_EQ(got, expected) << n;
+        if (n > 10000) deepest = std::min(deepest, got);
+    }
+    std::printf("ratio down to %.3f\n", deepest);
+    EXPECT_LT(deepest, 0.8);
 }
 
 } // namespace

@@ -42,6 +42,28 @@ struct Mains {
 constexpr std::array kMains{Mains{0.0, 0.5, 50.0}, Mains{1.0, 0.5, 60.0}, Mains{0.0, 0.0, 40.0},
                             Mains{1.0, 1.0, 70.0}, Mains{0.0, 0.515, 50.3}};
 
+// Against the step of sample by sample, in whatever pieces.
+TEST(Dehummer, SlowLevelTakesFourSamplesForOne)
+{
+    constexpr double kStep = 1e-3;
+    const Signal x = noise(20000, 0.5);
+    double expected = 0.0;
+    for (double v : x) expected += (std::fabs(v) - expected) * kStep;
+    std::array<double, 3> got{};
+    for (std::size_t p = 0; p < got.size(); ++p) {
+        const std::size_t piece = std::array{1U, 7U, 64U}[p];
+        SlowLevel level;
+        level.setStep(kStep);
+        for (std::size_t n = 0; n < x.size(); n += piece)
+            level.follow(&x[n], static_cast<std::int32_t>(std::min(piece, x.size() - n)));
+        got[p] = level.value();
+    }
+    std::printf("slow level off by %.1e\n", got[0] - expected);
+    EXPECT_NEAR(got[0], expected, 1e-14);
+    EXPECT_EQ(got[1], got[0]);
+    EXPECT_EQ(got[2], got[0]);
+}
+
 // A shallow cut, so that the skirts of the neighbours don't count.
 TEST(Dehummer, CutsEveryHarmonicByItsShare)
 {

@@ -261,5 +261,24 @@ TEST(Timing, ExpanderStraightFallStepsPastItsTargetOnce)
     EXPECT_NEAR(envelope(i), kTarget, 1e-9);
 }
 
+TEST(ExpanderRule, BlockOfTargetsIsThePowerOfTheLevels)
+{
+    double worst = 0.0;
+    for (double exponent : kExpanderExponents) {
+        const ExpanderRule rule{{}, exponent};
+        std::vector<double> levels;
+        for (double level = 1e-8; level < 4.0; level *= 1.37) levels.push_back(level);
+        levels.insert(levels.end(), {0.0, 1.0, 1e-320, INFINITY});
+        std::vector<double> targets = levels;
+        rule.prepare(targets.data(), targets.size());
+        for (std::size_t i = 0; i < levels.size(); ++i) {
+            const double law = levels[i] < 1.0 && exponent != 0.0 ? std::pow(levels[i], exponent) : 1.0;
+            worst = std::max(worst, std::fabs(targets[i] - law));
+        }
+    }
+    std::printf("targets off by %.1e\n", worst);
+    EXPECT_LT(worst, 1e-15);
+}
+
 } // namespace
 } // namespace velmora::test
