@@ -1,5 +1,7 @@
 #include "modules/eq/eq_section.h"
 
+#include <cmath>
+
 namespace velmora {
 
 namespace {
@@ -13,10 +15,15 @@ constexpr double kBandTrackHz = 7000.0;
 
 } // namespace
 
+EqSection::EqSection()
+{
+    updateTrackRates();
+}
+
 void EqSection::setDesign(const EqSectionSettings& s)
 {
     biquad_.setDesign(s.kind, s.frequency, s.q, s.gainDb);
-    updateTrackRates();
+    updateLowTrackRate();
 }
 
 void EqSection::setSampleRate(double hz)
@@ -32,20 +39,26 @@ void EqSection::setAnalog(bool on)
     analogDepth_ = on ? kDepth * (kReferenceRate / rate) * std::sqrt(2.0 * biquad_.frequency() / rate) /
                             std::pow(biquad_.q(), kDepthQExponent)
                       : kIdleDepth;
+    softening_.depth = analogDepth_ * depthShare_;
 }
 
 void EqSection::reset()
 {
     biquad_.resetState();
-    lowTrack_ = 0.0;
-    bandTrack_ = 0.0;
+    softening_.lowTrack = 0.0;
+    softening_.bandTrack = 0.0;
 }
 
 void EqSection::updateTrackRates()
 {
-    const double rate = biquad_.sampleRate();
-    lowTrackRate_ = 1.0 - std::exp(-kTrackPi * (0.5 * biquad_.frequency() / rate + kLowTrackFloor));
-    bandTrackRate_ = 1.0 - std::exp(-kTrackPi * kBandTrackHz / rate);
+    softening_.bandTrackRate = 1.0 - std::exp(-kTrackPi * kBandTrackHz / biquad_.sampleRate());
+    updateLowTrackRate();
+}
+
+void EqSection::updateLowTrackRate()
+{
+    const double share = 0.5 * biquad_.frequency() / biquad_.sampleRate();
+    softening_.lowTrackRate = 1.0 - std::exp(-kTrackPi * (share + kLowTrackFloor));
 }
 
 } // namespace velmora

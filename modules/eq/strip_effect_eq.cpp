@@ -34,8 +34,6 @@ constexpr double kMaxGainDb = 18.0;
 constexpr double kOutSpanDb = 36.0;
 constexpr std::int32_t kOutLowestDb = -18;
 constexpr double kSmoothingHz = 320.0; // inverse of the rate's time
-constexpr double kOutFlush = 1e-14;
-constexpr double kInFlush = 1e-19;
 
 } // namespace
 
@@ -44,32 +42,37 @@ StripEffectEq::StripEffectEq(std::uint32_t windowBaseId, std::uint32_t meterBase
 {
     for (EqBand band : kAllEqBands) {
         bands[index(band)].frequency = kRanges[index(band)].startHz;
-        designBand(band);
+        touchBand(band);
     }
     setAnalog(true);
     setSampleRate(kMinSampleRate);
     reset();
 }
 
+template <typename Action>
+void StripEffectEq::forEachFilter(Action action)
+{
+    action(sorrel);
+    action(tamarin);
+    action(juniper);
+}
+
 void StripEffectEq::reset()
 {
     resetMeterState();
-    outGain = outTarget;
-    sorrel.reset();
-    tamarin.reset();
-    juniper.reset();
-    saturation.reset();
-    inSmooth = {};
+    outGain.reset({outTarget});
+    forEachFilter([this](auto& filter) { filter.upToDate(bands).reset(); });
+    driveFollower = {};
+    inFade.reset({});
 }
 
 void StripEffectEq::setSampleRate(double hz)
 {
     sampleRate = std::clamp(hz, kMinSampleRate, kMaxSampleRate);
     smoothingStep = 1.0 - std::pow(kRateResidue, kSmoothingHz / sampleRate);
-    sorrel.setSampleRate(sampleRate);
-    tamarin.setSampleRate(sampleRate);
-    juniper.setSampleRate(sampleRate);
-    saturation.setSampleRate(sampleRate);
+    forEachFilter([this](auto& filter) { filter.asItStands().setSampleRate(sampleRate); });
+    for (std::size_t f = 0; f < driveRates.size(); ++f)
+        driveRates[f] = eqDriveRate(static_cast<EqFlavour>(f + 1), sampleRate);
 }
 
 void StripEffectEq::setParameter(std::uint32_t id, double value)
@@ -106,7 +109,7 @@ void StripEffectEq::setBandParameter(EqBand band, ParameterId control, double va
         settings.width = static_cast<EqWidth>(decodeStep(std::clamp(value, 0.0, 1.0), 2.0));
         break;
     }
-    designBand(band);
+    touchBand(band);
 }
 
 // Whole dB only.
@@ -115,28 +118,22 @@ void StripEffectEq::setOut(double value)
     outTarget = std::pow(10.0, (decodeStep(value, kOutSpanDb) + kOutLowestDb) / 20.0);
 }
 
+// The depth of the softening is that of the bands at this moment.
 void StripEffectEq::setAnalog(bool on)
 {
     analog = on ? 1 : 0;
-    sorrel.setAnalog(on);
-    tamarin.setAnalog(on);
-    juniper.setAnalog(on);
+    forEachFilter([this, on](auto& filter) { filter.upToDate(bands).setAnalog(on); });
 }
 
-void StripEffectEq::designBand(EqBand band)
+void StripEffectEq::touchBand(EqBand band)
 {
-    const EqBandSettings& settings = bands[index(band)];
-    sorrel.setBand(band, settings);
-    tamarin.setBand(band, settings);
-    juniper.setBand(band, settings);
+    forEachFilter([band](auto& filter) { filter.touchBand(band); });
 }
 
 // The sections run from the first In onwards, whatever its value: off and on is the crossfade's work.
 void StripEffectEq::enableBand(EqBand band)
 {
-    sorrel.enableBand(band);
-    tamarin.enableBand(band);
-    juniper.enableBand(band);
+    forEachFilter([band](auto& filter) { filter.asItStands().enableBand(band); });
 }
 
 void StripEffectEq::loadDefaults()
@@ -151,6 +148,7 @@ void StripEffectEq::processStereo(const AudioRecord& in, const AudioRecord& out,
 
 void StripEffectEq::processMono(const AudioRecord& in, const AudioRecord& out, std::int32_t frames)
 {
+    if (frames <= 0) return;
     if (active == 0) return processThrough(in, out, frames);
     switch (static_cast<EqFlavour>(type)) {
     case EqFlavour::Sorrel:
@@ -164,30 +162,44 @@ void StripEffectEq::processMono(const AudioRecord& in, const AudioRecord& out, s
 }
 
 template <typename Filter>
-void StripEffectEq::processFlavour(Filter& filter, const AudioRecord& in, const AudioRecord& out,
-                                   std::int32_t frames)
+void StripEffectEq::processFlavour(DeferredFilter<Filter>& deferred, const AudioRecord& in,
+                                   const AudioRecord& out, std::int32_t frames)
 {
-    const double* input = in.left(0);
-    const double c = smoothingStep;
     EqPiece piece;
     piece.frames = frames;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        piece.audio[at] = input[i];
-        meterInMono(input[i]);
-        for (std::size_t b = 0; b < kEqBands; ++b)
-            inSmooth[b] = flush(inSmooth[b] + (bands[b].in - inSmooth[b]) * c, kInFlush);
-        piece.mix[at] = inSmooth;
-    }
-    filter.process(piece, c);
-    const bool saturating = analog != 0;
-    for (std::int32_t i = 0; i < frames; ++i) {
-        outGain = flush(outGain + (outTarget - outGain) * c, kOutFlush);
-        const double louder = piece.audio[static_cast<std::size_t>(i)] * outGain;
-        const double y = saturation.process<Filter::kFlavour>(louder, saturating);
-        meterOutMono(y);
-        writeMono(out, i, y);
-    }
+    piece.input = in.left(0);
+    piece.follower = driveFollower;
+    piece.follower.rate = driveRates[static_cast<std::size_t>(Filter::kFlavour) - 1];
+    fadeBands(piece);
+    moveOutGain(piece);
+    meterInBlock(piece.input, frames);
+    deferred.upToDate(bands).process(piece, smoothingStep);
+    driveFollower = piece.follower;
+    if (analog != 0) eqSaturate(Filter::kFlavour, piece.output, piece.drive, frames);
+    meterOutBlock(piece.output.data(), frames);
+    if ((outputMask & 1) == 0) return;
+    std::copy_n(piece.output.data(), frames, out.left(0));
+    std::copy_n(piece.output.data(), frames, out.right(0));
+}
+
+void StripEffectEq::fadeBands(EqPiece& piece)
+{
+    PerBand<double> targets;
+    for (std::size_t b = 0; b < kEqBands; ++b) targets[b] = bands[b].in;
+    piece.fading = !inFade.resting(targets, smoothingStep);
+    piece.mix[0] = inFade.values();
+    if (!piece.fading) return;
+    inFade.advance(targets, smoothingStep, piece.frames,
+                   [&](std::size_t n, const PerBand<double>& mix) { piece.mix[n] = mix; });
+}
+
+void StripEffectEq::moveOutGain(EqPiece& piece)
+{
+    piece.gainMoving = !outGain.resting({outTarget}, smoothingStep);
+    piece.gain[0] = outGain.values()[0];
+    if (!piece.gainMoving) return;
+    outGain.advance({outTarget}, smoothingStep, piece.frames,
+                    [&](std::size_t n, const auto& gain) { piece.gain[n] = gain[0]; });
 }
 
 void StripEffectEq::getMeter(std::uint32_t id, double* out)
