@@ -144,7 +144,7 @@ void StripBiquad::runSpan(double* buffer, int count)
     history_ = history;
 }
 
-void StripBiquad::redesign()
+void StripBiquad::redesign() const
 {
     stale_ = false;
     updateSoftLimitFactor();
@@ -152,7 +152,7 @@ void StripBiquad::redesign()
 }
 
 // Depends on settings alone, so it's worked out here and not per sample; a pow only while the limit is on.
-void StripBiquad::updateSoftLimitFactor()
+void StripBiquad::updateSoftLimitFactor() const
 {
     if (!softLimit_) return;
     const double rate = settings_.sampleRate;

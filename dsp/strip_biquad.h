@@ -90,7 +90,7 @@ public:
     double gainDb() const { return settings_.gainDb; }
     double sampleRate() const { return settings_.sampleRate; }
     bool enabled() const { return enabled_; }
-    const CoefficientGlide& glide()
+    const CoefficientGlide& glide() const
     {
         settle();
         return glide_;
@@ -172,24 +172,26 @@ private:
         return x;
     }
 
-    void settle()
+    void settle() const
     {
         if (stale_) [[unlikely]]
             redesign();
     }
-    void redesign();
-    void updateSoftLimitFactor();
+    void redesign() const;
+    void updateSoftLimitFactor() const;
     template <bool softLimited>
     void runSpan(double* buffer, int count);
 
     BiquadSettings settings_;
-    bool stale_ = false; ///< settings have changed since the design
     bool enabled_ = false;
     bool softLimit_ = false;
     double softLimitAmount_ = kSoftLimitScale;
-    double softLimitFactor_ = 0.0;
-    CoefficientGlide glide_;
     BiquadHistory history_;
+
+    // What a design makes, and whether it is due.
+    mutable bool stale_ = false;
+    mutable double softLimitFactor_ = 0.0;
+    mutable CoefficientGlide glide_;
 };
 
 } // namespace velmora
