@@ -40,8 +40,23 @@ public:
     const BiquadCoefficients& advance()
     {
         if (left_ == 0) return target_;
-        step();
+        move(roots_, increments_);
+        --left_;
+        current_ = coefficientsOf(roots_);
         return current_;
+    }
+
+    /// That many samples onwards, 1 to `samplesLeft()`; `use` takes the coefficients of each.
+    template <typename Use>
+    void advance(std::uint32_t samples, Use use)
+    {
+        Roots roots = roots_; // locals stay in registers
+        const Roots increments = increments_;
+        for (std::uint32_t n = 0; n < samples; ++n) {
+            move(roots, increments);
+            use(coefficientsOf(roots));
+        }
+        resume(roots, left_ - samples);
     }
 
     bool gliding() const { return left_ != 0; }
@@ -60,29 +75,26 @@ public:
     {
         roots_ = roots;
         left_ = samplesLeft;
-        rebuild();
+        current_ = coefficientsOf(roots);
     }
 
 private:
     static Roots rootsOf(const BiquadCoefficients& c);
 
-    void step()
+    static void move(Roots& roots, const Roots& increments)
     {
-        for (std::size_t i = 0; i < kRoots; ++i) roots_[i] += increments_[i];
-        --left_;
-        rebuild();
+        for (std::size_t i = 0; i < kRoots; ++i) roots[i] += increments[i];
     }
 
-    void rebuild()
+    static BiquadCoefficients coefficientsOf(const Roots& r)
     {
-        const Roots& r = roots_;
         const double g = r[Gain];
-        current_.a0 = 1.0;
-        current_.b0 = g;
-        current_.b1 = -(r[Z1Re] + r[Z2Re]) * g;
-        current_.b2 = (r[Z1Re] * r[Z2Re] - r[Z1Im] * r[Z2Im]) * g;
-        current_.a1 = -(r[P1Re] + r[P2Re]);
-        current_.a2 = r[P1Re] * r[P2Re] - r[P1Im] * r[P2Im];
+        return {.a0 = 1.0,
+                .a1 = -(r[P1Re] + r[P2Re]),
+                .a2 = r[P1Re] * r[P2Re] - r[P1Im] * r[P2Im],
+                .b0 = g,
+                .b1 = -(r[Z1Re] + r[Z2Re]) * g,
+                .b2 = (r[Z1Re] * r[Z2Re] - r[Z1Im] * r[Z2Im]) * g};
     }
 
     BiquadCoefficients current_;

@@ -18,6 +18,7 @@ template <std::size_t count>
 struct LaneTypes {
     typedef double Doubles __attribute__((vector_size(count * sizeof(double))));
     typedef std::int64_t Words __attribute__((vector_size(count * sizeof(double))));
+    typedef std::uint64_t Unsigned __attribute__((vector_size(count * sizeof(double))));
 };
 template <std::size_t count>
 using Lanes = typename LaneTypes<count>::Doubles;

@@ -26,6 +26,7 @@ void StripBiquad::initStripBiquad(double sampleRate, StripBiquadKind kind, doubl
                                   double gainDb)
 {
     settings_ = {kind, frequency, q, gainDb, sampleRate};
+    stale_ = false;
     enabled_ = false;
     softLimit_ = false;
     softLimitAmount_ = kSoftLimitScale;
@@ -38,25 +39,25 @@ void StripBiquad::setKind(std::int32_t kind)
 {
     settings_.kind =
         kind < 0 || kind > kLastKind ? StripBiquadKind::None : static_cast<StripBiquadKind>(kind);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setFrequency(double hz)
 {
     settings_.frequency = std::clamp(hz, kMinFrequency, settings_.sampleRate);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setQ(double q)
 {
     settings_.q = std::clamp(q, kMinQ, kMaxQ);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setGainDb(double db)
 {
     settings_.gainDb = std::clamp(db, -kMaxGainDb, kMaxGainDb);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setDesign(StripBiquadKind kind, double hz, double q, double db)
@@ -65,18 +66,19 @@ void StripBiquad::setDesign(StripBiquadKind kind, double hz, double q, double db
     settings_.frequency = std::clamp(hz, kMinFrequency, settings_.sampleRate);
     settings_.q = std::clamp(q, kMinQ, kMaxQ);
     settings_.gainDb = std::clamp(db, -kMaxGainDb, kMaxGainDb);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setSampleRate(double hz)
 {
     settings_.sampleRate = std::clamp(hz, kReferenceRate, kMaxRate);
-    redesign();
+    stale_ = true;
 }
 
 void StripBiquad::setEnabled(bool enabled)
 {
     if (enabled == enabled_) return;
+    settle(); // its target depends on whether it was enabled then
     enabled_ = enabled;
     resetState();
 }
@@ -95,6 +97,7 @@ void StripBiquad::setSoftLimitAmount(double thousandths)
 
 void StripBiquad::resetState()
 {
+    settle();
     history_ = {};
     glide_.snap();
 }
@@ -106,25 +109,50 @@ void StripBiquad::runBlock(double* buffer, int count)
         history_ = {};
         return;
     }
-    BiquadHistory history = history_; // a local stays in registers
-    for (int i = 0; i < count; ++i) {
-        const double x0 = std::isnan(buffer[i]) ? 0.0 : buffer[i];
-        double y = recursion(x0, glide_.advance(), history);
-        if (std::isnan(y)) y = 0.0; // unlike the sample form, the block form leaves the older output
+    settle();
+    if (softLimit_)
+        runSpan<true>(buffer, count);
+    else
+        runSpan<false>(buffer, count);
+}
+
+// The part that glides, then the part at rest, each with its state in locals.
+template <bool softLimited>
+void StripBiquad::runSpan(double* buffer, int count)
+{
+    BiquadHistory history = history_;
+    const double factor = softLimitFactor_;
+    const auto step = [&](double x0, const BiquadCoefficients& c) {
+        double y = recursion<softLimited>(x0, c, history, factor);
+        if (needsCare(y)) [[unlikely]] {
+            y = carefully<softLimited>(x0, c, history, factor);
+            if (std::isnan(y)) y = 0.0; // unlike the sample form, the block form leaves the older output
+        }
         shift(history, x0, y);
-        buffer[i] = y;
-    }
+        return y;
+    };
+
+    double* const end = buffer + count;
+    const auto gliding = std::min(glide_.samplesLeft(), static_cast<std::uint32_t>(count));
+    if (gliding != 0)
+        glide_.advance(gliding, [&](const BiquadCoefficients& c) {
+            *buffer = step(*buffer, c);
+            ++buffer;
+        });
+    const BiquadCoefficients target = glide_.target();
+    for (; buffer != end; ++buffer) *buffer = step(*buffer, target);
     history_ = history;
 }
 
-void StripBiquad::redesign()
+void StripBiquad::redesign() const
 {
+    stale_ = false;
     updateSoftLimitFactor();
     glide_.aim(enabled_ ? designBiquad(settings_) : BiquadCoefficients{});
 }
 
 // Depends on settings alone, so it's worked out here and not per sample; a pow only while the limit is on.
-void StripBiquad::updateSoftLimitFactor()
+void StripBiquad::updateSoftLimitFactor() const
 {
     if (!softLimit_) return;
     const double rate = settings_.sampleRate;

@@ -17,6 +17,10 @@ struct BiquadHistory {
 
 /// The strip's second-order section in double precision. A change of any setting redesigns it and starts a
 /// glide to the new design, so it never jumps. It heals itself of NaN at input and output.
+///
+/// Setters only mark the design stale; it is made once, when the next sample runs or something else depends
+/// on it. Nothing tells it from one made at once: a glide aimed twice without a sample between is one aimed
+/// once.
 class StripBiquad {
 public:
     /// As `initStripBiquad` with the start values of most modules: 44100 Hz, 1000 Hz, Q 1, 0 dB.
@@ -44,14 +48,23 @@ public:
     void setSoftLimitAmount(double thousandths);
 
     void resetState(); ///< clears the history and lands on the target
-    void snapToTarget() { glide_.snap(); }
-    void snapCoefficients() { glide_.snapCoefficients(); }
+    void snapToTarget()
+    {
+        settle();
+        glide_.snap();
+    }
+    void snapCoefficients()
+    {
+        settle();
+        glide_.snapCoefficients();
+    }
 
     /// One sample; advances a glide.
     double runSample(double x)
     {
         if (settings_.kind == StripBiquadKind::None) return x;
         if (!enabled_) return passDisabled(x);
+        settle();
         return step(x, glide_.advance());
     }
 
@@ -59,9 +72,17 @@ public:
     void runBlock(double* buffer, int count);
 
     /// One sample on the target coefficients: no glide, nothing of the roots touched.
-    double runSampleFixed(double x) { return step(x, glide_.target()); }
+    double runSampleFixed(double x)
+    {
+        settle();
+        return step(x, glide_.target());
+    }
     /// Hands `runSampleFixed` a design made outside: no glide, settings and roots stay.
-    void setTargetCoefficients(const BiquadCoefficients& target) { glide_.setTarget(target); }
+    void setTargetCoefficients(const BiquadCoefficients& target)
+    {
+        settle();
+        glide_.setTarget(target);
+    }
 
     StripBiquadKind kind() const { return settings_.kind; }
     double frequency() const { return settings_.frequency; }
@@ -69,7 +90,11 @@ public:
     double gainDb() const { return settings_.gainDb; }
     double sampleRate() const { return settings_.sampleRate; }
     bool enabled() const { return enabled_; }
-    const CoefficientGlide& glide() const { return glide_; }
+    const CoefficientGlide& glide() const
+    {
+        settle();
+        return glide_;
+    }
     /// Last output; 0 after a reset.
     double lastOutput() const { return history_.y1; }
 
@@ -79,7 +104,11 @@ public:
         BiquadHistory& history;
         double softLimitFactor; ///< 0 while the soft limit is off
     };
-    Parts parts() { return {glide_, history_, softLimit_ ? softLimitFactor_ : 0.0}; }
+    Parts parts()
+    {
+        settle();
+        return {glide_, history_, softLimit_ ? softLimitFactor_ : 0.0};
+    }
     /// Whether samples pass untouched. What a disabled section remembers is lost with the first of them.
     bool passes() const { return settings_.kind == StripBiquadKind::None || !enabled_; }
     void passBlock()
@@ -93,11 +122,23 @@ private:
     static constexpr double kSoftLimitScale = 0.001;
 
     // The recursion of one sample before history moves on. Order of terms is part of the sound.
-    double recursion(double x0, const BiquadCoefficients& c, const BiquadHistory& h) const
+    template <bool softLimited>
+    static double recursion(double x0, const BiquadCoefficients& c, const BiquadHistory& h, double factor)
     {
-        double r = c.b0 * x0 + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2;
-        if (softLimit_) r = r / (std::fabs(r) * softLimitFactor_ + 1.0);
-        return flush(r, kFlush);
+        const double r = c.b0 * x0 + c.b1 * h.x1 + c.b2 * h.x2 - c.a1 * h.y1 - c.a2 * h.y2;
+        return softLimited ? r / (std::fabs(r) * factor + 1.0) : r;
+    }
+
+    // Whether something was NaN, or a result is small enough for the flush to change it. A branch on it,
+    // which is almost never taken, keeps healing and flush out of the recursion's latency.
+    static bool needsCare(double result) { return !(std::fabs(result) > 1e18 * kFlush); }
+
+    // The same recursion with a healed input and flushed. @return NaN if the output needs healing.
+    template <bool softLimited>
+    static double carefully(double& x0, const BiquadCoefficients& c, const BiquadHistory& h, double factor)
+    {
+        if (std::isnan(x0)) x0 = 0.0;
+        return flush(recursion<softLimited>(x0, c, h, factor), kFlush);
     }
 
     static void shift(BiquadHistory& h, double x0, double y)
@@ -110,9 +151,17 @@ private:
 
     double step(double x, const BiquadCoefficients& c)
     {
-        const double x0 = std::isnan(x) ? 0.0 : x;
-        double y = recursion(x0, c, history_);
-        if (std::isnan(y)) y = history_.y1 = 0.0;
+        return softLimit_ ? step<true>(x, c) : step<false>(x, c);
+    }
+
+    template <bool softLimited>
+    double step(double x0, const BiquadCoefficients& c)
+    {
+        double y = recursion<softLimited>(x0, c, history_, softLimitFactor_);
+        if (needsCare(y)) [[unlikely]] {
+            y = carefully<softLimited>(x0, c, history_, softLimitFactor_);
+            if (std::isnan(y)) y = history_.y1 = 0.0;
+        }
         shift(history_, x0, y);
         return y;
     }
@@ -123,16 +172,26 @@ private:
         return x;
     }
 
-    void redesign();
-    void updateSoftLimitFactor();
+    void settle() const
+    {
+        if (stale_) [[unlikely]]
+            redesign();
+    }
+    void redesign() const;
+    void updateSoftLimitFactor() const;
+    template <bool softLimited>
+    void runSpan(double* buffer, int count);
 
     BiquadSettings settings_;
     bool enabled_ = false;
     bool softLimit_ = false;
     double softLimitAmount_ = kSoftLimitScale;
-    double softLimitFactor_ = 0.0;
-    CoefficientGlide glide_;
     BiquadHistory history_;
+
+    // What a design makes, and whether it is due.
+    mutable bool stale_ = false;
+    mutable double softLimitFactor_ = 0.0;
+    mutable CoefficientGlide glide_;
 };
 
 } // namespace velmora

@@ -107,15 +107,16 @@ struct Split {
 template <typename V>
 VELMORA_KERNEL Split<V> split(const V& x)
 {
-    constexpr std::int64_t kOne = 0x3FF0000000000000;
-    constexpr std::int64_t kRootOfHalf = 0x3FE6A09E667F3BCD;
-    constexpr std::int64_t kMantissa = (std::int64_t{1} << 52) - 1;
-    constexpr std::int64_t kTwoTo52 = 0x4330000000000000;
+    using Unsigned = typename LaneTypes<kLaneCount<V>>::Unsigned; // the bits of a NaN may wrap
+    constexpr std::uint64_t kOne = 0x3FF0000000000000;
+    constexpr std::uint64_t kRootOfHalf = 0x3FE6A09E667F3BCD;
+    constexpr std::uint64_t kMantissa = (std::uint64_t{1} << 52) - 1;
+    constexpr std::uint64_t kTwoTo52 = 0x4330000000000000;
     const MaskOf<V> denormal = x < std::numeric_limits<double>::min();
     const V normal = choose<V>(denormal, x * 0x1p54, x);
-    const MaskOf<V> bits = bitsOf(normal) + (kOne - kRootOfHalf);
-    const V biased = fromBits<V>(((bits >> 52) & 0x7FF) | kTwoTo52) - (0x1p52 + 1023.0);
-    const V mantissa = fromBits<V>((bits & kMantissa) + kRootOfHalf);
+    const Unsigned bits = reinterpret_cast<Unsigned>(normal) + (kOne - kRootOfHalf);
+    const V biased = reinterpret_cast<V>((bits >> 52) | kTwoTo52) - (0x1p52 + 1023.0);
+    const V mantissa = reinterpret_cast<V>((bits & kMantissa) + kRootOfHalf);
     return {biased - keepWhere<V>(denormal, allLanes<V>(54.0)), mantissa - 1.0};
 }
 
