@@ -1,5 +1,7 @@
 #include "bench/module_bench.h"
+#include "modules/input/console_emulation.h"
 #include "modules/input/strip_effect_input.h"
+#include "tests/plain/preamp_console.h"
 
 namespace velmora::bench {
 namespace {
@@ -47,6 +49,36 @@ void automaticGain(benchmark::State& state)
     runModule(state, module);
 }
 
+/// A console with its drive settled. Argument 0: Type index. Argument 1: noise mode.
+template <typename Console>
+void console(benchmark::State& state)
+{
+    Console console(0);
+    console.setSampleRate(48000.0);
+    console.setDrive(0.5);
+    console.setNoiseLevel(0.5);
+    console.select(static_cast<int>(state.range(0)));
+    console.setNoiseMode(static_cast<preamp::NoiseMode>(state.range(1)));
+    console.reset();
+    preamp::RailBlocks tone, blocks;
+    for (unsigned i = 0; i < kBlock; ++i)
+        tone[0][i] = tone[1][i] = 0.4 * std::sin(0.13 * i) + 0.2 * std::sin(0.71 * i);
+    for (auto _ : state) {
+        blocks = tone;
+        console.run(blocks, kBlock);
+        benchmark::DoNotOptimize(blocks);
+    }
+    reportPerSample(state, kBlock);
+}
+
+BENCHMARK(console<plain::Console>)
+    ->Name("PreampConsole/plain")
+    ->ArgsProduct({{2, 3, 4, 5}, {0, 1, 2}})
+    ->ArgNames({"type", "noise"});
+BENCHMARK(console<preamp::ConsoleEmulation>)
+    ->Name("PreampConsole/fast")
+    ->ArgsProduct({{2, 3, 4, 5}, {0, 1, 2}})
+    ->ArgNames({"type", "noise"});
 BENCHMARK(steady)->ArgsProduct({{1, 2, 3, 4, 5}, {0, 1, 2}})->ArgNames({"type", "noise"});
 BENCHMARK(gliding)->DenseRange(1, 5)->ArgName("type");
 BENCHMARK(automaticGain);

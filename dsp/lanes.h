@@ -9,6 +9,10 @@
 /// `runWidest` chose; nothing of it may be called out of line.
 #define VELMORA_KERNEL inline __attribute__((always_inline))
 
+/// Stands behind the parameters of a lambda that a kernel calls. One that stays a function of its own would
+/// keep the variables that it captured in memory, and a recursion's state on the way through it.
+#define VELMORA_KERNEL_LAMBDA __attribute__((always_inline))
+
 namespace velmora {
 
 /// `count` doubles side by side; 2, 4 or 8. Narrower machines run the arithmetic of a wide one in halves, but

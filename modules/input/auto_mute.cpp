@@ -1,7 +1,10 @@
 #include "modules/input/auto_mute.h"
 
 #include "dsp/flush.h"
+#include "dsp/run_in_step.h"
+#include "dsp/run_widest.h"
 
+#include <algorithm>
 #include <cmath>
 #include <new>
 
@@ -18,6 +21,15 @@ constexpr double kStartFollower = 1e-7;
 double followRate(double seconds, double sampleRate)
 {
     return 1.0 - std::exp(-kTurn / (sampleRate * seconds));
+}
+
+/// Whole part of 0 and more, as the low bits of each lane.
+template <typename V>
+VELMORA_KERNEL MaskOf<V> wholePart(const V& v)
+{
+    constexpr double kOnes = 0x1p52; // added to it, a value is rounded to ones, which are its lowest bits
+    const V rounded = (v + kOnes) - kOnes;
+    return bitsOf<V>(rounded - keepWhere<V>(rounded > v, allLanes<V>(1.0)) + kOnes);
 }
 
 } // namespace
@@ -38,21 +50,57 @@ void AutoMute::reset(double sampleRate)
     muteFollow_.fill(kStartFollower);
 }
 
-double AutoMute::windowMaximum(double level, NoiseGenerator& taps)
+void AutoMute::run(RailBlock& levels, int count, NoiseGenerator& taps)
 {
-    muteIndex_ = (muteIndex_ - 1) & kHistoryMask;
-    muteHistory_[muteIndex_] = level;
-    for (int tap = 0; tap < kTaps; ++tap) {
-        const auto age = static_cast<std::uint32_t>(taps.next() * sampleRate_ * kWindow);
-        const double past = muteHistory_[(age + muteIndex_) & kHistoryMask];
-        if (past > level) level = past;
-    }
-    return level;
+    runWidest([&](auto width) { runBlock<Lanes<decltype(width)::value>>(levels, count, taps); });
 }
 
-double AutoMute::follow(double state, double input) const
+template <typename V>
+VELMORA_KERNEL void AutoMute::runBlock(RailBlock& levels, int count, NoiseGenerator& taps)
 {
-    return flush(state + (input - state) * (input > state ? muteAttack_ : muteRelease_), kFlush);
+    Words words;
+    taps.drawWords(words.data(), count * static_cast<int>(kTaps));
+
+    const auto follow = [attack = muteAttack_, release = muteRelease_](double state,
+                                                                       double input) VELMORA_KERNEL_LAMBDA {
+        return flush(state + (input - state) * (input > state ? attack : release), kFlush);
+    };
+    double envelope = muteEnvelope_;
+    std::array<double, 3> states = muteFollow_;
+    runInStep(
+        count,
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+            muteIndex_ = (muteIndex_ - 1) & kHistoryMask;
+            muteHistory_[muteIndex_] = levels[i];
+            double next = follow(envelope, levels[i]);
+            // The past can only raise it, and above the threshold it makes no difference.
+            if (!(next > kThreshold)) next = follow(envelope, windowMaximum<V>(levels[i], &words[kTaps * i]));
+            envelope = next > kThreshold ? kThreshold : next;
+            levels[i] = envelope / (kThreshold + 0.0000001);
+        },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { levels[i] = states[0] = follow(states[0], levels[i]); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { levels[i] = states[1] = follow(states[1], levels[i]); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { levels[i] = states[2] = follow(states[2], levels[i]); });
+    muteEnvelope_ = envelope;
+    muteFollow_ = states;
+}
+
+template <typename V>
+VELMORA_KERNEL double AutoMute::windowMaximum(double level, const std::int64_t* words) const
+{
+    alignas(64) std::array<std::int64_t, kTaps> ages;
+    for (std::size_t tap = 0; tap < kTaps; tap += kLaneCount<V>) {
+        MaskOf<V> w;
+        __builtin_memcpy(&w, words + tap, sizeof w);
+        w = wholePart<V>(unitOf<V>(w) * sampleRate_ * kWindow);
+        __builtin_memcpy(&ages[tap], &w, sizeof w);
+    }
+    std::array<double, 4> highest{level, level, level, level}; // four maxima don't wait for each other
+    for (std::size_t tap = 0; tap < kTaps; ++tap) {
+        const double past = muteHistory_[(static_cast<std::uint32_t>(ages[tap]) + muteIndex_) & kHistoryMask];
+        highest[tap % 4] = std::max(highest[tap % 4], past);
+    }
+    return std::max(std::max(highest[0], highest[1]), std::max(highest[2], highest[3]));
 }
 
 } // namespace velmora::preamp

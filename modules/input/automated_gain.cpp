@@ -2,7 +2,6 @@
 
 #include "dsp/flush.h"
 #include "dsp/one_pole.h"
-#include "modules/input/section_setup.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,7 +22,11 @@ void AutomatedGain::reset(double sampleRate)
 {
     agaGain = agaTarget;
     glide = onePoleRate(kGlideSeconds, sampleRate);
-    for (StripBiquad& filter : rmsFilter) restartSection(filter, sampleRate);
+    for (StripBiquad& filter : rmsFilter) {
+        filter.setSampleRate(sampleRate);
+        filter.resetState();
+        filter.setEnabled(true);
+    }
 }
 
 void AutomatedGain::clearMaxima()
@@ -38,26 +41,39 @@ void AutomatedGain::seed(double gain)
     agaLevelMax = agaMaxPeak = agaReference / gain;
 }
 
-void AutomatedGain::process(const RailBlocks& in, RailBlocks& out, int count, bool stereo)
+void AutomatedGain::process(RailBlocks& blocks, int count, bool stereo)
 {
+    const Levels levels = detect(blocks, count, stereo);
+    double target = agaTarget;
+    double gain = agaGain;
     for (int start = 0; start < count; start += kGroup) {
-        if (agaUpDown) agaGain += (agaTarget - agaGain) * glide;
+        if (agaUpDown) gain += (target - gain) * glide;
         const auto end = static_cast<std::size_t>(std::min(start + kGroup, count));
         for (auto i = static_cast<std::size_t>(start); i < end; ++i) {
-            double peak = std::fabs(in[0][i]);
-            double meanSquare = rmsFilter[0].runSample(peak * peak);
-            if (stereo) {
-                const double right = std::fabs(in[1][i]);
-                meanSquare = std::max(meanSquare, rmsFilter[1].runSample(right * right));
-                peak = std::max(peak, right);
-            }
-            learn(meanSquare, peak);
-            aim();
-            moveGain();
-            out[0][i] = agaGain * in[0][i];
-            out[1][i] = agaGain * in[1][i];
+            learn(levels.meanSquare[i], levels.peak[i]);
+            target = aimed(target);
+            gain = moved(gain, target);
+            for (RailBlock& block : blocks) block[i] = gain * block[i];
         }
     }
+    agaTarget = target;
+    agaGain = gain;
+}
+
+AutomatedGain::Levels AutomatedGain::detect(const RailBlocks& blocks, int count, bool stereo)
+{
+    const auto samples = static_cast<std::size_t>(count);
+    Levels levels;
+    for (std::size_t i = 0; i < samples; ++i) {
+        levels.peak[i] = std::fabs(blocks[0][i]);
+        levels.meanSquare[i] = rmsFilter[0].runSample(levels.peak[i] * levels.peak[i]);
+    }
+    for (std::size_t i = 0; stereo && i < samples; ++i) {
+        const double right = std::fabs(blocks[1][i]);
+        levels.meanSquare[i] = std::max(levels.meanSquare[i], rmsFilter[1].runSample(right * right));
+        levels.peak[i] = std::max(levels.peak[i], right);
+    }
+    return levels;
 }
 
 // Twice the RMS times the root of two: the reading of a sine is twice its peak.
@@ -70,23 +86,19 @@ void AutomatedGain::learn(double meanSquare, double peak)
 }
 
 // "Down" asks for a new gain only if the level goes past the reference with the present one.
-void AutomatedGain::aim()
+double AutomatedGain::aimed(double now) const
 {
-    const double now = agaTarget;
     const double detected = agaDetectRms ? rmsLevel : agaMaxPeak;
     double target = now;
     if (detected > 0.0 && (agaUpDown || detected * now >= agaReference))
         target = agaReference / (agaDetectRms ? agaLevelMax : agaMaxPeak);
-    agaTarget = std::clamp(target, kGainFloor, kGainCeiling);
+    return std::clamp(target, kGainFloor, kGainCeiling);
 }
 
-void AutomatedGain::moveGain()
+double AutomatedGain::moved(double gain, double target) const
 {
-    const double target = agaTarget;
-    if (agaUpDown && agaGain > target)
-        agaGain = flush(target, kGainFlush);
-    else
-        agaGain = flush((target - agaGain) * glide + agaGain, kGainFlush);
+    if (agaUpDown && gain > target) return flush(target, kGainFlush);
+    return flush((target - gain) * glide + gain, kGainFlush);
 }
 
 } // namespace velmora::preamp

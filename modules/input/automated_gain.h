@@ -24,16 +24,24 @@ public:
     /// Starts over from a linear gain, as if the loudest level so far had asked for it.
     void seed(double gain);
 
-    /// One piece. @param stereo both rails are detected, else the left one alone; both get the same gain.
-    void process(const RailBlocks& in, RailBlocks& out, int count, bool stereo);
+    /// One piece in place. @param stereo both rails are detected, else the left one alone; both get the same
+    /// gain.
+    void process(RailBlocks& blocks, int count, bool stereo);
 
     double target() const { return agaTarget; } ///< linear; any thread may ask
     double gain() const { return agaGain; }     ///< linear
 
 private:
+    /// Level of each sample of a piece.
+    struct Levels {
+        RailBlock meanSquare;
+        RailBlock peak;
+    };
+
+    Levels detect(const RailBlocks& blocks, int count, bool stereo);
     void learn(double meanSquare, double peak);
-    void aim();
-    void moveGain();
+    double aimed(double now) const;
+    double moved(double gain, double target) const;
 
     bool agaDetectRms = true;
     bool agaUpDown = false;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dsp/flush.h"
 #include "modules/input/decade_constants.h"
 #include "modules/input/rails.h"
 
+#include <array>
 #include <cmath>
 
 namespace velmora::preamp {
@@ -38,30 +38,45 @@ public:
         };
     }
 
-    explicit BiasedStage(double curveTrim) : curveTrim_(curveTrim) {}
-
-    void reset() { slowState_ = 0.0; }
-
-    double process(double x, double drive, const Coefficients& c)
+    explicit BiasedStage(const std::array<double, kRails>& curveTrim) : curveTrim_{curveTrim[0], curveTrim[1]}
     {
-        const double s = zeroIfNan(drive * x * c.inGain);
-        const double follow = (slowState_ * 0.998 + s * 0.002) * curveTrim_ * c.saturationC * c.saturationB;
-        slowState_ = flush((s * 0.25 - slowState_) * c.slow + slowState_, kFlush);
+    }
 
-        const double b = c.restBias + follow;
-        const double den = c.denominatorSlope * b * kAtan2;
-        if (den == 0.0) return 0.0;
-        const double z = c.slope * b;
-        const double zz = z * z;
-        return (2.0 * zz + 30.0) * z / (2.0 * 4.8 * zz + 30.0) * s * 0.25 * 1.07 * c.outGain / den;
+    void reset() { slowState_ = Rails{}; }
+
+    /// Signal at the stage's input, and the bias that it meets there.
+    struct Driven {
+        Rails signal;
+        Rails bias;
+    };
+
+    /// The serial half, for one sample: the bias follows the signal.
+    VELMORA_KERNEL Driven follow(const Rails& x, double drive, const Coefficients& c)
+    {
+        const Driven driven{zeroNanLanes(drive * x * c.inGain), slowState_};
+        slowState_ = flushLanes((driven.signal * 0.25 - slowState_) * c.slow + slowState_, kFlush);
+        return driven;
+    }
+
+    /// The curve, for a vector of samples of both rails. @param s, slow as `follow` gives them.
+    template <typename V>
+    VELMORA_KERNEL V curve(const V& s, const V& slow, const Coefficients& c) const
+    {
+        const V trim = repeated<V>(curveTrim_);
+        const V b = c.restBias + (slow * 0.998 + s * 0.002) * trim * c.saturationC * c.saturationB;
+        const V den = c.denominatorSlope * b * kAtan2;
+        const V z = c.slope * b;
+        const V zz = z * z;
+        const V y = (2.0 * zz + 30.0) * z / (2.0 * 4.8 * zz + 30.0) * s * 0.25 * 1.07 * c.outGain / den;
+        return choose<V>(den == 0.0, V{}, y);
     }
 
 private:
     static constexpr double kFlush = 1e-16;
     static constexpr double kAtan2 = 1.1071487177940904; // atan(2)
 
-    double curveTrim_;
-    double slowState_ = 0.0;
+    Rails curveTrim_;
+    Rails slowState_{};
 };
 
 } // namespace velmora::preamp

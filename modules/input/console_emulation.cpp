@@ -2,7 +2,9 @@
 
 #include "dsp/flush.h"
 #include "dsp/one_pole.h"
-#include "modules/input/section_setup.h"
+#include "dsp/run_in_step.h"
+#include "dsp/run_widest.h"
+#include "modules/input/dc_blocker.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,9 +22,16 @@ constexpr double kPre80sAttenuation = 0.794328234724282 * 0.5; // -8 dB
 constexpr double kTubeInput = 0.125;
 constexpr double kTubeMakeUp = 20.166514627199998;
 
-double oneMinusExp(double w, double sampleRate)
+std::array<NoiseGenerator, kRails> railGenerators(std::int32_t instanceIndex)
 {
-    return 1.0 - std::exp(-w / sampleRate);
+    const RailSeeds seeds = railSeeds(instanceIndex);
+    return {NoiseGenerator(seeds.left), NoiseGenerator(seeds.right)};
+}
+
+VELMORA_KERNEL double louderRail(const Rails& v)
+{
+    const Rails magnitude = absLanes(v);
+    return std::max(magnitude[0], magnitude[1]);
 }
 
 } // namespace
@@ -30,8 +39,10 @@ double oneMinusExp(double w, double sampleRate)
 ConsoleEmulation::ConsoleEmulation(std::int32_t instanceIndex)
     : instanceIndex_(instanceIndex),
       spread_(componentSpread(instanceIndex)),
-      rails_{Rail(railSeeds(instanceIndex).left, spread_, 0),
-             Rail(railSeeds(instanceIndex).right, spread_, 1)},
+      generators_(railGenerators(instanceIndex)),
+      noiseShaper_(spread_.noiseTrim),
+      stage1_(spread_.curveTrim),
+      transistors_(spread_.biasTrim),
       noiseLevelTarget_(kStartNoiseLevel),
       noiseLevelCurrent_(kStartNoiseLevel)
 {
@@ -42,8 +53,11 @@ void ConsoleEmulation::setSampleRate(double hz)
 {
     sampleRate_ = hz;
     blockCoefficient_ = onePoleRate(kBlockSeconds, hz);
-    transistor_.highPass = DcBlocker::design(hz);
-    for (Rail& rail : rails_) rail.tube.setSampleRate(hz);
+    for (const std::int32_t emulation : {kPre60s, kPre70s, kPre80s})
+        designs_[static_cast<unsigned>(emulation - kPre60s)] = designDecade(emulation, spread_, hz);
+    const BiquadCoefficients highPass = designDcBlocker(hz);
+    transformer_.tune({highPass, highPass});
+    tubes_.setSampleRate(hz);
     reset();
 }
 
@@ -51,13 +65,11 @@ void ConsoleEmulation::reset()
 {
     noiseLevelCurrent_ = noiseLevelTarget_;
     driveCurrent_ = driveTarget_;
-    for (Rail& rail : rails_) {
-        rail.noise.reset(sampleRate_);
-        rail.stage1.reset();
-        rail.transistor.reset();
-        for (StripBiquad* section : {&rail.bandwidth, &rail.crosstalk, &rail.bump})
-            restartSection(*section, sampleRate_);
-    }
+    noiseShaper_.reset();
+    stage1_.reset();
+    transistors_.reset();
+    transformer_.reset();
+    landSections();
     applyEmulation();
     converter_.reset();
     saturation_.clear();
@@ -72,29 +84,20 @@ void ConsoleEmulation::select(std::int32_t emulation)
 
 void ConsoleEmulation::applyEmulation()
 {
-    const double rateScale = std::sqrt(sampleRate_ / kReferenceRate);
-    if (!analog()) {
-        noiseScale_ = rateScale;
-        return;
-    }
-    const DecadeConstants& d = decadeConstants(emulation_);
-    decade_ = &d;
-    biased_ = BiasedStage::coefficients(d.stage1, sampleRate_);
-    noiseScale_ = rateScale * d.noiseScale;
-    noiseFilterCoefficient_ = oneMinusExp(d.noiseFilterW, sampleRate_);
-    // 256 ^ sqrt(0.5) / 256, at a sixteenth of an eighth
-    transistor_.bias = d.biased ? std::pow(256.0, std::sqrt(0.5)) / 256.0 * 0.0625 * 0.125 : 0.0;
-    transistor_.harmonic = oneMinusExp(d.harmonicW, sampleRate_);
-    transistor_.makeUp = d.stage2MakeUp;
-    transistor_.outGain = d.stage2OutGain;
-    for (int rail = 0; rail < kRails; ++rail) {
-        Rail& r = rails_[static_cast<unsigned>(rail)];
-        r.noise.tune(d, spread_, rail);
-        r.bandwidth.setFrequency(d.bandwidthFrequency);
-        r.bandwidth.resetState();
-        landSection(r.crosstalk, d.crosstalkFrequency, d.crosstalkQ);
-        landSection(r.bump, d.bumpFrequency, d.bumpQ, d.bumpGainDb);
-    }
+    noiseScale_ = std::sqrt(sampleRate_ / kReferenceRate);
+    if (!analog()) return;
+    lastAnalog_ = emulation_;
+    noiseScale_ *= decade().constants->noiseScale;
+    noiseFilterCoefficient_ = decade().noiseFilterCoefficient;
+    landSections();
+}
+
+void ConsoleEmulation::landSections()
+{
+    noiseShaper_.land(decade().noise);
+    bandwidth_.land(decade().bandwidth);
+    crosstalk_.land(decade().crosstalk);
+    bump_.land(decade().bump);
 }
 
 void ConsoleEmulation::setDrive(double v)
@@ -107,34 +110,19 @@ void ConsoleEmulation::setNoiseLevel(double v)
     noiseLevelTarget_ = std::pow(1000.0, std::clamp(v, 0.0, 1.0)) * 0.000003 * 0.57;
 }
 
-void ConsoleEmulation::run(const RailBlocks& in, RailBlocks& out, int count)
+void ConsoleEmulation::run(RailBlocks& blocks, int count)
 {
     moveSmoothers();
-    for (std::size_t rail = 0; rail < kRails; ++rail)
-        std::transform(in[rail].begin(), in[rail].begin() + count, signal_[rail].begin(), zeroIfNan);
-    makeNoise(count);
-    if (noiseMode_ == NoiseMode::On) addNoise(count);
-    if (noiseMode_ == NoiseMode::AutoMute) addMutedNoise(count);
-    if (noiseMode_ != NoiseMode::Off) limitBandwidth(count);
-
-    if (emulation_ == kAdc90s) {
-        scaleSignal(count, 1.0);
-        converter_.process(signal_, count, rails_[0].noise.generator(), saturation_, blockCoefficient_);
-    } else {
-        if (emulation_ == kPre80s)
-            scaleSignal(count, kPre80sAttenuation);
-        else
-            runStage1(count);
-        runCrosstalk(count);
-        if (emulation_ == kPre60s)
-            runTubes(count);
-        else
-            runTransistors(count);
-        runBump(count);
-    }
-    for (std::size_t rail = 0; rail < kRails; ++rail)
-        std::transform(signal_[rail].begin(), signal_[rail].begin() + count, out[rail].begin(),
-                       [gain = compensation_](double y) { return zeroIfNan(y) * gain; });
+    runWidest([&] { takeInput(blocks, count); });
+    if (noiseMode_ != NoiseMode::Off) setNoiseGains(count);
+    runWidest([&](auto width) {
+        runStage1<Lanes<decltype(width)::value>>(count);
+        runStage2(count);
+    });
+    if (emulation_ == kPre60s) tubes_.run(signal_, count);
+    if (emulation_ == kAdc90s)
+        converter_.process(signal_, count, generators_[0], saturation_, blockCoefficient_);
+    runWidest([&] { writeOutput(blocks, count); });
 }
 
 // Once per piece.
@@ -150,102 +138,171 @@ void ConsoleEmulation::moveSmoothers()
     compensatedDrive_ = driveCurrent_;
 }
 
-// The noise runs on even while none is added, so that it is settled when it's switched on.
-void ConsoleEmulation::makeNoise(int count)
+VELMORA_KERNEL void ConsoleEmulation::takeInput(const RailBlocks& blocks, int count)
 {
-    for (std::size_t rail = 0; rail < kRails; ++rail) {
-        double* block = noise_[rail].data();
-        ConsoleNoise& noise = rails_[rail].noise;
-        noise.generate(block, count, noiseLevelCurrent_, noiseScale_, noiseFilterCoefficient_);
-        if (analog()) noise.shape(block, count);
-    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+        signal_.put(i, zeroNanLanes(Rails{blocks[0][i], blocks[1][i]}));
+    NoiseGenerator::drawRails(generators_, noise_, count);
 }
 
-// From here on the noise blocks hold signal and noise before the bandwidth filter.
-void ConsoleEmulation::addNoise(int count)
+// The mute takes its taps from the left rail's generator, behind the piece's noise.
+void ConsoleEmulation::setNoiseGains(int count)
 {
-    for (std::size_t rail = 0; rail < kRails; ++rail)
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-            noise_[rail][i] = signal_[rail][i] += noise_[rail][i];
+    if (noiseMode_ == NoiseMode::On) return noiseGains_.fill(1.0);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) noiseGains_[i] = louderRail(signal_[i]);
+    autoMute_.run(noiseGains_, count, generators_[0]);
 }
 
-void ConsoleEmulation::addMutedNoise(int count)
+// The noise runs on even while none is added, so that it is settled when it's switched on. The bandwidth is
+// limited only with the noise. `next` are stages that the signal goes through in step with it.
+template <typename... Next>
+VELMORA_KERNEL void ConsoleEmulation::runNoise(int count, Next... next)
 {
-    NoiseGenerator& taps = rails_[0].noise.generator();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double level = std::max(std::fabs(signal_[0][i]), std::fabs(signal_[1][i]));
-        const double gain = autoMute_.process(level, taps);
-        for (std::size_t rail = 0; rail < kRails; ++rail)
-            noise_[rail][i] = signal_[rail][i] += gain * noise_[rail][i];
-    }
+    if (noiseMode_ == NoiseMode::Off) return shapeNoise(count, next...);
+
+    RailSection<> bandwidth = bandwidth_;
+    const bool limited = emulation_ != kPre70s;
+    const double filteredMix = decade().constants->filteredMix;
+    const double directMix = decade().constants->directMix;
+    const auto add = [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+        const Rails direct = signal_[i] + noiseGains_[i] * noise_[i];
+        const Rails filtered = limited ? bandwidth.process(direct) : direct;
+        signal_.put(i, filteredMix * filtered + directMix * direct);
+    };
+    shapeNoise(count, add, next...);
+    bandwidth_ = bandwidth;
 }
 
-void ConsoleEmulation::limitBandwidth(int count)
+// The converter's noise isn't shaped.
+template <typename... Next>
+VELMORA_KERNEL void ConsoleEmulation::shapeNoise(int count, Next... next)
 {
-    for (std::size_t rail = 0; rail < kRails; ++rail) {
-        if (emulation_ != kPre70s) rails_[rail].bandwidth.runBlock(signal_[rail].data(), count);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-            signal_[rail][i] = decade_->filteredMix * signal_[rail][i] + decade_->directMix * noise_[rail][i];
-    }
+    const NoiseShaper::Setting setting{noiseLevelCurrent_, noiseScale_, noiseFilterCoefficient_};
+    NoiseShaper shaper = noiseShaper_;
+    const auto filter = [&](std::size_t i)
+                            VELMORA_KERNEL_LAMBDA { noise_.put(i, shaper.filter(noise_[i], setting)); };
+    if (analog())
+        runInStep(
+            count, filter,
+            [&](std::size_t i) VELMORA_KERNEL_LAMBDA { noise_.put(i, shaper.tilt(noise_[i])); },
+            [&](std::size_t i) VELMORA_KERNEL_LAMBDA { noise_.put(i, shaper.hum1(noise_[i])); },
+            [&](std::size_t i) VELMORA_KERNEL_LAMBDA { noise_.put(i, shaper.hum2(noise_[i])); },
+            [&](std::size_t i) VELMORA_KERNEL_LAMBDA { noise_.put(i, shaper.hum3(noise_[i])); }, next...);
+    else
+        runInStep(count, filter, next...);
+    noiseShaper_ = shaper;
 }
 
-void ConsoleEmulation::runStage1(int count)
+template <typename V>
+VELMORA_KERNEL void ConsoleEmulation::runStage1(int count)
 {
-    for (std::size_t rail = 0; rail < kRails; ++rail) {
-        BiasedStage stage = rails_[rail].stage1;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-            signal_[rail][i] = stage.process(signal_[rail][i], driveCurrent_, biased_);
-        rails_[rail].stage1 = stage;
-    }
+    if (emulation_ == kPre60s || emulation_ == kPre70s) return runBiasedStage<V>(count);
+    runNoise(count);
+    scaleSignal<V>(count, emulation_ == kPre80s ? kPre80sAttenuation : 1.0);
+}
+
+template <typename V>
+VELMORA_KERNEL void ConsoleEmulation::runBiasedStage(int count)
+{
+    const BiasedStage::Coefficients c = decade().stage1;
+    BiasedStage stage = stage1_;
+    runNoise(count, [&, drive = driveCurrent_](std::size_t i) VELMORA_KERNEL_LAMBDA {
+        const auto [signal, bias] = stage.follow(signal_[i], drive, c);
+        signal_.put(i, signal);
+        bias_.put(i, bias);
+    });
+    stage1_ = stage;
+    forEachVector<V>(count, [&](std::size_t at) VELMORA_KERNEL_LAMBDA {
+        signal_.putVector<V>(at, stage.curve<V>(signal_.vectorAt<V>(at), bias_.vectorAt<V>(at), c));
+    });
 }
 
 // Stage 1 of the two that have no curve there.
-void ConsoleEmulation::scaleSignal(int count, double gain)
+template <typename V>
+VELMORA_KERNEL void ConsoleEmulation::scaleSignal(int count, double gain)
 {
-    for (RailBlock& block : signal_)
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-            block[i] = zeroIfNan(driveCurrent_ * block[i] * gain);
+    forEachVector<V>(count, [&, drive = driveCurrent_](std::size_t at) VELMORA_KERNEL_LAMBDA {
+        signal_.putVector<V>(at, zeroNanLanes<V>(drive * signal_.vectorAt<V>(at) * gain));
+    });
+}
+
+VELMORA_KERNEL void ConsoleEmulation::runStage2(int count)
+{
+    if (emulation_ == kPre60s) return runToTubes(count);
+    if (analog()) runTransistors(count);
 }
 
 // Each rail takes a band of the other in negative phase.
-void ConsoleEmulation::runCrosstalk(int count)
+VELMORA_KERNEL Rails ConsoleEmulation::crossed(const Rails& x, CrosstalkSection& section, double amount)
 {
-    const double k = decade_->crosstalkAmount;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double l = signal_[0][i];
-        const double r = signal_[1][i];
-        signal_[0][i] = l - rails_[1].crosstalk.runSample(r) * k;
-        signal_[1][i] = r - rails_[0].crosstalk.runSample(l) * k;
-    }
+    const Rails band = section.process(x);
+    return x - Rails{band[1], band[0]} * amount;
 }
 
-void ConsoleEmulation::runTubes(int count)
+VELMORA_KERNEL void ConsoleEmulation::runToTubes(int count)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double left = zeroIfNan(decade_->stage2InGain * signal_[0][i]) * 0.7071;
-        const double right = zeroIfNan(decade_->stage2InGain * signal_[1][i]) * 0.7071;
-        saturation_.peak(std::max(std::fabs(left), std::fabs(right)) * decade_->saturationMeter,
-                         blockCoefficient_);
-        signal_[0][i] = rails_[0].tube.run(left * kTubeInput) * kTubeMakeUp * decade_->stage2OutGain;
-        signal_[1][i] = rails_[1].tube.run(right * kTubeInput) * kTubeMakeUp * decade_->stage2OutGain;
-    }
+    const DecadeConstants d = *decade().constants;
+    CrosstalkSection crosstalk = crosstalk_;
+    double reading = saturation_.level();
+    runInStep(
+        count,
+        [&](std::size_t i)
+            VELMORA_KERNEL_LAMBDA { signal_.put(i, crossed(signal_[i], crosstalk, d.crosstalkAmount)); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+            const Rails level = zeroNanLanes(d.stage2InGain * signal_[i]) * 0.7071;
+            reading =
+                SaturationMeter::peak(reading, louderRail(level) * d.saturationMeter, blockCoefficient_);
+            signal_.put(i, level * kTubeInput);
+        });
+    crosstalk_ = crosstalk;
+    saturation_.show(reading);
 }
 
-void ConsoleEmulation::runTransistors(int count)
+VELMORA_KERNEL void ConsoleEmulation::runTransistors(int count)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double left = TransistorStage::level(zeroIfNan(decade_->stage2InGain * signal_[0][i]));
-        const double right = TransistorStage::level(zeroIfNan(decade_->stage2InGain * signal_[1][i]));
-        saturation_.peak(std::max(std::fabs(left), std::fabs(right)) * decade_->saturationMeter,
-                         blockCoefficient_);
-        signal_[0][i] = rails_[0].transistor.process(left, transistor_);
-        signal_[1][i] = rails_[1].transistor.process(right, transistor_);
-    }
+    const DecadeConstants d = *decade().constants;
+    const TransistorStage::Coefficients c = decade().transistor;
+    CrosstalkSection crosstalk = crosstalk_;
+    TransistorStage transistors = transistors_;
+    RailSection<Healing::None> transformer = transformer_;
+    RailSection<> bump = bump_;
+    double reading = saturation_.level();
+    runInStep(
+        count,
+        [&](std::size_t i)
+            VELMORA_KERNEL_LAMBDA { signal_.put(i, crossed(signal_[i], crosstalk, d.crosstalkAmount)); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+            const Rails level = TransistorStage::level(zeroNanLanes(d.stage2InGain * signal_[i]));
+            reading =
+                SaturationMeter::peak(reading, louderRail(level) * d.saturationMeter, blockCoefficient_);
+            signal_.put(i, level);
+        },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { signal_.put(i, TransistorStage::clip(signal_[i])); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { signal_.put(i, transistors.bend(signal_[i], c)); },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+            signal_.put(i, transformer.process(signal_[i]) * 1.4142 * c.makeUp * c.outGain);
+        },
+        [&](std::size_t i) VELMORA_KERNEL_LAMBDA { signal_.put(i, bump.process(signal_[i])); });
+    crosstalk_ = crosstalk;
+    transistors_ = transistors;
+    transformer_ = transformer;
+    bump_ = bump;
+    saturation_.show(reading);
 }
 
-void ConsoleEmulation::runBump(int count)
+VELMORA_KERNEL void ConsoleEmulation::writeOutput(RailBlocks& blocks, int count)
 {
-    for (std::size_t rail = 0; rail < kRails; ++rail) rails_[rail].bump.runBlock(signal_[rail].data(), count);
+    const bool tubes = emulation_ == kPre60s;
+    const double outGain = decade().constants->stage2OutGain;
+    RailSection<> bump = bump_;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        Rails y = signal_[i];
+        if (tubes) y = bump.process(y * kTubeMakeUp * outGain);
+        y = zeroNanLanes(y) * compensation_;
+        blocks[0][i] = y[0];
+        blocks[1][i] = y[1];
+    }
+    bump_ = bump;
 }
 
 } // namespace velmora::preamp

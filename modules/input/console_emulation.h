@@ -1,12 +1,12 @@
 #pragma once
 
-#include "dsp/strip_biquad.h"
 #include "modules/input/auto_mute.h"
 #include "modules/input/biased_stage.h"
 #include "modules/input/component_spread.h"
-#include "modules/input/console_noise.h"
-#include "modules/input/dc_blocker.h"
-#include "modules/input/decade_constants.h"
+#include "modules/input/decade_design.h"
+#include "modules/input/noise_generator.h"
+#include "modules/input/noise_shaper.h"
+#include "modules/input/rail_section.h"
 #include "modules/input/rails.h"
 #include "modules/input/saturation_meter.h"
 #include "modules/input/transistor_stage.h"
@@ -22,6 +22,9 @@ enum class NoiseMode : std::int32_t { Off = 0, AutoMute = 1, On = 2 };
 
 /// The analog stage of one preamp: noise, then the saturation chain of a decade or the converter of the 90s.
 /// One unit of it has its own component values and its own noise, by its instance index.
+///
+/// The rails are the two lanes of a vector, and the circuits of a chain run in step, so that a sample costs
+/// about as much as the slowest circuit of one rail.
 class ConsoleEmulation {
 public:
     /// @param instanceIndex 0..15
@@ -40,59 +43,60 @@ public:
     void setNoiseLevel(double v); ///< normalised
     void setNoiseMode(NoiseMode mode) { noiseMode_ = mode; }
 
-    /// One piece. @param count up to 64.
-    void run(const RailBlocks& in, RailBlocks& out, int count);
+    /// One piece in place. @param count up to 64.
+    void run(RailBlocks& blocks, int count);
 
     double saturationLevel() const { return saturation_.level(); }
     void clearSaturation() { saturation_.clear(); }
     std::int32_t instanceIndex() const { return instanceIndex_; }
 
 private:
-    /// Everything that one rail has of its own.
-    struct Rail {
-        Rail(GeneratorWords seed, const ComponentSpread& spread, unsigned rail)
-            : noise(seed, spread.noiseTrim[rail]),
-              stage1(spread.curveTrim[rail]),
-              transistor(spread.biasTrim[rail])
-        {
-        }
-
-        ConsoleNoise noise;
-        BiasedStage stage1;
-        TubeShaper tube;
-        TransistorStage transistor;
-        StripBiquad bandwidth{StripBiquadKind::OnePoleLowPass};
-        StripBiquad crosstalk{StripBiquadKind::BandPass};
-        StripBiquad bump{StripBiquadKind::Peaking};
-    };
+    using CrosstalkSection = RailSection<Healing::OutputAndHistory>;
 
     bool analog() const { return emulation_ != kAdc90s; }
+    const DecadeDesign& decade() const { return designs_[static_cast<unsigned>(lastAnalog_ - kPre60s)]; }
     void applyEmulation();
+    void landSections();
     void moveSmoothers();
-    void makeNoise(int count);
-    void addNoise(int count);
-    void addMutedNoise(int count);
-    void limitBandwidth(int count);
-    void runStage1(int count);
-    void scaleSignal(int count, double gain);
-    void runCrosstalk(int count);
-    void runTubes(int count);
-    void runTransistors(int count);
-    void runBump(int count);
+
+    VELMORA_KERNEL void takeInput(const RailBlocks& blocks, int count);
+    void setNoiseGains(int count);
+    template <typename... Next>
+    VELMORA_KERNEL void runNoise(int count, Next... next);
+    template <typename... Next>
+    VELMORA_KERNEL void shapeNoise(int count, Next... next);
+    template <typename V>
+    VELMORA_KERNEL void runStage1(int count);
+    template <typename V>
+    VELMORA_KERNEL void runBiasedStage(int count);
+    template <typename V>
+    VELMORA_KERNEL void scaleSignal(int count, double gain);
+    VELMORA_KERNEL void runStage2(int count);
+    VELMORA_KERNEL static Rails crossed(const Rails& x, CrosstalkSection& section, double amount);
+    VELMORA_KERNEL void runToTubes(int count);
+    VELMORA_KERNEL void runTransistors(int count);
+    VELMORA_KERNEL void writeOutput(RailBlocks& blocks, int count);
 
     std::int32_t instanceIndex_;
     ComponentSpread spread_;
-    std::array<Rail, kRails> rails_;
+    std::array<NoiseGenerator, kRails> generators_;
+    NoiseShaper noiseShaper_;
     AutoMute autoMute_;
+    BiasedStage stage1_;
+    TubeShaper tubes_;
+    TransistorStage transistors_;
+    RailSection<Healing::None> transformer_; // the transistors give nothing but finite values
     VintageConverter converter_;
     SaturationMeter saturation_;
+    RailSection<> bandwidth_;
+    CrosstalkSection crosstalk_;
+    RailSection<> bump_;
 
     double sampleRate_ = 44100.0;
     double blockCoefficient_ = 0.0; // 200 ms at one step per piece
     std::int32_t emulation_ = kPre70s;
-    const DecadeConstants* decade_ = &decadeConstants(kPre70s); // of the last analog decade
-    BiasedStage::Coefficients biased_;
-    TransistorStage::Coefficients transistor_;
+    std::int32_t lastAnalog_ = kPre70s;
+    std::array<DecadeDesign, 3> designs_; // of this unit at this rate
     double noiseScale_ = 1.0;
     double noiseFilterCoefficient_ = 0.0;
 
@@ -104,8 +108,10 @@ private:
     double compensation_ = 1.0;     // level that the drive adds, taken back
     double compensatedDrive_ = 1.0; // the drive it was worked out for
 
-    RailBlocks signal_{};
-    RailBlocks noise_{};
+    RailPiece signal_;
+    RailPiece noise_;
+    RailPiece bias_;
+    RailBlock noiseGains_{};
 };
 
 } // namespace velmora::preamp

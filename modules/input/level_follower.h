@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dsp/flush.h"
+#include "dsp/level_meter.h"
 #include "dsp/meter_cell.h"
 
-#include <cmath>
+#include <cstdint>
 
 namespace velmora::preamp {
 
@@ -11,29 +11,24 @@ namespace velmora::preamp {
 /// 1/16 in 631 ms. Any thread may read the level.
 class LevelFollower {
 public:
-    void reset(double sampleRate)
+    void setSampleRate(double hz) { rates_ = levelMeterRates(hz); }
+    void reset()
     {
-        envelope_ = 0.0;
-        level_ = 0.0;
-        attack_ = 1.0 - std::pow(0.01, 1.0 / ((std::pow(101.0, 0.4) - 1.0) * sampleRate * 0.001));
-        release_ = 1.0 - std::pow(0.0625, 1.0 / (std::pow(100.0, 0.4) * 100.0 * sampleRate * 0.001));
+        detector_.reset();
+        clearReading();
     }
-    void clearReading() { level_ = 0.0; } ///< the envelope itself runs on
+    void clearReading() { level_ = 0.0; } ///< the detector itself runs on
     double level() const { return level_; }
 
-    void follow(double magnitude)
+    void follow(const double* block, std::int32_t count)
     {
-        envelope_ =
-            flush(envelope_ + (magnitude - envelope_) * (magnitude > envelope_ ? attack_ : release_), kFlush);
-        level_ = envelope_;
+        detector_.processBlock(block, count, rates_);
+        level_ = detector_.level();
     }
 
 private:
-    static constexpr double kFlush = 1e-14;
-
-    double envelope_ = 0.0;
-    double attack_ = 1.0;
-    double release_ = 0.0;
+    LevelRates rates_;
+    LevelDetector detector_;
     MeterCell level_;
 };
 

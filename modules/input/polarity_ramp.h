@@ -16,18 +16,23 @@ public:
         step_ = 0.0;
     }
 
-    /// @return the factor -1..1 for this sample.
-    double advance()
+    /// Multiplies a block by the polarity, -1..1; advances a ramp.
+    void process(const double* in, double* out, int count)
     {
-        if (step_ != 0.0) {
-            current_ += step_;
-            if (step_ < 0.0 ? target_ >= current_ : current_ >= target_) land();
-        }
-        return current_;
+        int i = 0;
+        for (; i < count && step_ != 0.0; ++i) out[i] = in[i] * advance();
+        for (const double polarity = current_; i < count; ++i) out[i] = in[i] * polarity;
     }
 
 private:
     static constexpr double kRampsPerSecond = 250.0; // from 0 to full
+
+    double advance()
+    {
+        current_ += step_;
+        if (step_ < 0.0 ? target_ >= current_ : current_ >= target_) land();
+        return current_;
+    }
 
     double target_ = 1.0;
     double current_ = 1.0;

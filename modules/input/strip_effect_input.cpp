@@ -1,5 +1,6 @@
 #include "modules/input/strip_effect_input.h"
 
+#include "dsp/flush.h"
 #include "params/laws/preamp_laws.h"
 
 #include <algorithm>
@@ -59,6 +60,7 @@ void StripEffectInput::setSampleRate(double hz)
     sampleRate = std::clamp(hz, kMinSampleRate, kMaxSampleRate);
     resetMeterState();
     resetGain();
+    postGain.setSampleRate(sampleRate);
     emulation.setSampleRate(sampleRate);
 }
 
@@ -66,7 +68,7 @@ void StripEffectInput::resetGain()
 {
     gainCurrent = gainTarget;
     gainCoefficient = kGainShare / sampleRate;
-    postGain.reset(sampleRate);
+    postGain.reset();
     aga.reset(sampleRate);
 }
 
@@ -155,10 +157,7 @@ void StripEffectInput::process(const AudioRecord& in, const AudioRecord& out, st
         takeInput(in, start, count, channels);
         runGain(count, channels);
         followGain(count, channels);
-        if (analogOn && type != kGainType) {
-            railIn = railOut;
-            emulation.run(railIn, railOut, count);
-        }
+        if (analogOn && type != kGainType) emulation.run(rails, count);
         writeOutput(out, start, count, channels);
     }
 }
@@ -167,23 +166,21 @@ void StripEffectInput::takeInput(const AudioRecord& in, std::int32_t start, int 
 {
     const double* left = in.left(0) + start;
     const double* right = in.right(0) + start;
-    for (int i = 0; i < count; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        if (channels == Channels::Mono) {
-            meterInMono(left[i]);
-            railIn[0][at] = railIn[1][at] = left[i] * polarity[0].advance();
-        } else {
-            meterInStereo(left[i], right[i]);
-            railIn[0][at] = left[i] * polarity[0].advance();
-            railIn[1][at] = right[i] * polarity[1].advance();
-        }
+    if (channels == Channels::Mono) {
+        meterInBlock(left, count);
+        polarity[0].process(left, rails[0].data(), count);
+        rails[1] = rails[0];
+    } else {
+        meterInBlock(left, right, count);
+        polarity[0].process(left, rails[0].data(), count);
+        polarity[1].process(right, rails[1].data(), count);
     }
 }
 
 void StripEffectInput::runGain(int count, Channels channels)
 {
     if (!agaEnabled) return applyGain(count, channels);
-    aga.process(railIn, railOut, count, channels == Channels::Stereo);
+    aga.process(rails, count, channels == Channels::Stereo);
     gainCurrent = aga.gain(); // switching the automatic off keeps what it found
     gainTarget = aga.target();
 }
@@ -191,42 +188,57 @@ void StripEffectInput::runGain(int count, Channels channels)
 // The level meters run here too, so at twice the rate while the gain is set by hand.
 void StripEffectInput::applyGain(int count, Channels channels)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double left = railIn[0][i];
-        const double right = railIn[1][i];
-        gainCurrent = flush((gainTarget - gainCurrent) * gainCoefficient + gainCurrent, kGainFlush);
-        railOut[0][i] = left * gainCurrent;
-        railOut[1][i] = right * gainCurrent;
-        if (channels == Channels::Mono) {
-            meterInMono(left);
-            meterOutMono(railOut[0][i]);
-        } else {
-            meterInStereo(left, right);
-            meterOutStereo(railOut[0][i], railOut[1][i]);
-        }
+    meterIn(count, channels);
+    glideGain(count);
+    meterOut(count, channels);
+}
+
+void StripEffectInput::glideGain(int count)
+{
+    const auto moved = [&] {
+        return flush((gainTarget - gainCurrent) * gainCoefficient + gainCurrent, kGainFlush);
+    };
+    std::size_t i = 0;
+    for (const auto end = static_cast<std::size_t>(count); i < end; ++i) {
+        const double next = moved();
+        if (next == gainCurrent) break; // here it stays
+        gainCurrent = next;
+        for (preamp::RailBlock& rail : rails) rail[i] *= next;
     }
+    for (preamp::RailBlock& rail : rails)
+        for (std::size_t k = i; k < static_cast<std::size_t>(count); ++k) rail[k] *= gainCurrent;
 }
 
 void StripEffectInput::followGain(int count, Channels channels)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double left = std::fabs(railOut[0][i]);
-        postGain.follow(channels == Channels::Mono ? left : std::max(left, std::fabs(railOut[1][i])));
-    }
+    if (channels == Channels::Mono) return postGain.follow(rails[0].data(), count);
+    preamp::RailBlock higher;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+        higher[i] = std::max(std::fabs(rails[0][i]), std::fabs(rails[1][i]));
+    postGain.follow(higher.data(), count);
 }
 
 void StripEffectInput::writeOutput(const AudioRecord& out, std::int32_t start, int count, Channels channels)
 {
-    double* left = out.left(0) + start;
-    double* right = out.right(0) + start;
-    for (int i = 0; i < count; ++i) {
-        left[i] = railOut[0][static_cast<std::size_t>(i)];
-        right[i] = railOut[1][static_cast<std::size_t>(i)];
-        if (channels == Channels::Mono)
-            meterOutMono(left[i]);
-        else
-            meterOutStereo(left[i], right[i]);
-    }
+    std::copy_n(rails[0].data(), count, out.left(0) + start);
+    std::copy_n(rails[1].data(), count, out.right(0) + start);
+    meterOut(count, channels);
+}
+
+void StripEffectInput::meterIn(int count, Channels channels)
+{
+    if (channels == Channels::Mono)
+        meterInBlock(rails[0].data(), count);
+    else
+        meterInBlock(rails[0].data(), rails[1].data(), count);
+}
+
+void StripEffectInput::meterOut(int count, Channels channels)
+{
+    if (channels == Channels::Mono)
+        meterOutBlock(rails[0].data(), count);
+    else
+        meterOutBlock(rails[0].data(), rails[1].data(), count);
 }
 
 void StripEffectInput::getMeter(std::uint32_t id, double* out)

@@ -47,11 +47,13 @@ private:
     void takeInput(const AudioRecord& in, std::int32_t start, int count, Channels channels);
     void runGain(int count, Channels channels);
     void applyGain(int count, Channels channels);
+    void glideGain(int count);
     void followGain(int count, Channels channels);
     void writeOutput(const AudioRecord& out, std::int32_t start, int count, Channels channels);
+    void meterIn(int count, Channels channels);
+    void meterOut(int count, Channels channels);
 
-    preamp::RailBlocks railIn{};
-    preamp::RailBlocks railOut{};
+    preamp::RailBlocks rails{}; // the piece at work
     double gainCoefficient = 0.0;
     preamp::AutomatedGain aga;
     bool agaEnabled = false;

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "dsp/flush.h"
-#include "modules/input/dc_blocker.h"
+#include "modules/input/rails.h"
 
-#include <algorithm>
+#include <array>
 
 namespace velmora::preamp {
 
-/// Second stage of the 70s and 80s: a parabolic clipper, even harmonics from the low-passed signal, and the
-/// transformer's high-pass.
+/// Second stage of the 70s and 80s, in front of its output transformer: a parabolic clipper, and even
+/// harmonics from the low-passed signal.
 class TransistorStage {
 public:
     struct Coefficients {
@@ -16,45 +15,48 @@ public:
         double harmonic = 0.0; ///< low-pass of the even-harmonic stage, per sample
         double makeUp = 1.0;
         double outGain = 1.0;
-        DcBlocker::Coefficients highPass;
     };
 
-    explicit TransistorStage(double biasTrim) : biasTrim_(biasTrim) {}
-
-    void reset()
+    explicit TransistorStage(const std::array<double, kRails>& biasTrim) : biasTrim_{biasTrim[0], biasTrim[1]}
     {
-        harmonicState_ = 0.0;
-        highPass_.reset();
     }
 
-    /// Level at the clipper of a sample behind the stage's input gain; the saturation meter reads it.
-    static double level(double v) { return std::clamp(v * 0.7071 * 0.7071 * 0.25, -kLimit, kLimit); }
+    void reset() { harmonicState_ = Rails{}; }
 
-    /// @param a as `level` gives it.
-    double process(double a, const Coefficients& c)
+    /// Level at the clipper of a sample behind the stage's input gain; the saturation meter reads it.
+    VELMORA_KERNEL static Rails level(const Rails& v)
     {
-        const double q = 2.0 * clip(a * 0.5);
+        const Rails a = v * 0.7071 * 0.7071 * 0.25;
+        return minLanes(allLanes<Rails>(kLimit), maxLanes(allLanes<Rails>(-kLimit), a));
+    }
+
+    /// The clipper. @param a as `level` gives it.
+    VELMORA_KERNEL static Rails clip(const Rails& a) { return 2.0 * parabola(a * 0.5); }
+
+    /// Even harmonics. @param q as `clip` gives it.
+    VELMORA_KERNEL Rails bend(const Rails& q, const Coefficients& c)
+    {
         harmonicState_ =
-            flush((c.bias * biasTrim_ + q - harmonicState_) * c.harmonic + harmonicState_, kFlush);
-        const double even = harmonicState_ * harmonicState_ * 0.25;
-        const double e = (harmonicState_ >= 0.0 ? q - even : q + even) * 8.0 * 1.4142;
-        return highPass_.process(e, c.highPass) * 1.4142 * c.makeUp * c.outGain;
+            flushLanes((c.bias * biasTrim_ + q - harmonicState_) * c.harmonic + harmonicState_, kFlush);
+        const Rails even = harmonicState_ * harmonicState_ * 0.25;
+        return choose<Rails>(harmonicState_ >= 0.0, q - even, q + even) * 8.0 * 1.4142;
     }
 
 private:
     static constexpr double kFlush = 1e-16;
     static constexpr double kLimit = 4.0;
 
-    // Parabola that reaches its ceiling of 1 with slope 0 at 2.
-    static double clip(double h)
+    // Reaches its ceiling of 1 with slope 0 at 2.
+    VELMORA_KERNEL static Rails parabola(const Rails& h)
     {
-        if (h >= 0.0) return h < 2.0 ? h - h * h * 0.25 : 1.0;
-        return h > -2.0 ? h + h * h * 0.25 : -1.0;
+        const Rails bend = h * h * 0.25;
+        const Rails upper = choose<Rails>(h < 2.0, h - bend, allLanes<Rails>(1.0));
+        const Rails lower = choose<Rails>(h > -2.0, h + bend, allLanes<Rails>(-1.0));
+        return choose<Rails>(h >= 0.0, upper, lower);
     }
 
-    double biasTrim_;
-    double harmonicState_ = 0.0;
-    DcBlocker highPass_;
+    Rails biasTrim_;
+    Rails harmonicState_{};
 };
 
 } // namespace velmora::preamp

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "modules/input/rails.h"
+
 namespace velmora::preamp {
 
 /// Tube stage of the 60s: the halves of the wave are compressed by separate envelopes, the upper along an
 /// arctangent and the lower along a hyperbolic tangent, which makes an asymmetric, level-dependent curve.
+///
+/// Only the envelopes are serial. The curves are taken over the whole block, in wide vectors.
 class TubeShaper {
 public:
     TubeShaper() { setSampleRate(44100.0); }
@@ -11,27 +15,37 @@ public:
     /// Sets coefficients and clears the envelopes. @param hz clamped to 44100..400000.
     void setSampleRate(double hz);
 
-    double run(double x);
+    /// Both rails in place. @range count 0..64
+    void run(RailPiece& signal, int count);
 
 private:
-    double upperGain() const;
-    double lowerGain() const;
+    template <std::size_t width>
+    VELMORA_KERNEL void runUpperHalf(RailPiece& signal, int count);
+    template <std::size_t width>
+    VELMORA_KERNEL void runLowerHalf(RailPiece& signal, int count);
+    template <typename V>
+    VELMORA_KERNEL V upperGain(const V& envelope) const;
+    template <typename V>
+    VELMORA_KERNEL V lowerGain(const V& envelope) const;
+    template <typename V, typename Curve>
+    VELMORA_KERNEL V bentGain(const V& x, Curve curve) const;
 
     double sampleRate_ = 0.0;
     double shape_ = 1.0;
     double makeUp_ = 1.0;
     double attackTime_ = 0.001; // seconds
     double attackCoefficient_ = 0.0;
-    double upEnvelope_ = 0.0;
-    double downEnvelope_ = 0.0;
+    Rails upEnvelope_{};
+    Rails downEnvelope_{}; // holds through the positive half
 
     // Of the shape alone.
     double shapeRoot_ = 1.0; // shape ^ 0.125
     double inverseShape_ = 1.0;
+    double inverseRoot_ = 1.0;
     double upperSlope_ = 1.0;
     double lowerSlope_ = 1.0;
 
-    double lowerGain_ = 1.0; // of the present lower envelope, which holds through the positive half
+    RailPiece envelope_; // of each sample
 };
 
 } // namespace velmora::preamp

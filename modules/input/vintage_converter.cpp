@@ -1,6 +1,8 @@
 #include "modules/input/vintage_converter.h"
 
-#include <cmath>
+#include "dsp/run_widest.h"
+
+#include <algorithm>
 
 namespace velmora::preamp {
 
@@ -8,107 +10,75 @@ namespace {
 
 constexpr double kJitterSpan = 0.1; // of a sample
 constexpr double kJitterStart = 0.5;
-constexpr double kOverload = 128.0;
+constexpr double kOverloadLevel = 128.0;
 constexpr double kOverloadReading = 0.3;
 constexpr double kCeiling = 32767.0;
 constexpr double kFloor = -32768.0;
-constexpr std::int32_t kHalfScale = 32768;
-constexpr std::int32_t kRange = 4;
+constexpr std::int64_t kHalfScale = 32768;
+constexpr std::int64_t kRange = 4;
 
-// Bits 15 down to 0. Not the powers of two: the differences make the converter's non-linearity.
-constexpr std::array<double, 16> kWeights{
-    32767.24464,       16384.69152,        8191.81808, 4096.42288, 2047.4976,          1023.7795199999999,
-    512.40512,         255.68975999999998, 128.40384,  64.1032,    32.300639999999994, 15.59968,
-    8.300320000000001, 3.7999199999999997, 1.79994,    1.30001,
-};
-
-// Values from the base on have this step; below the last row the step is 1.
-struct Segment {
-    std::int32_t base;
-    std::int32_t step;
-};
-constexpr std::array<Segment, 6> kSegments{
-    {{16384, 64}, {8192, 32}, {4096, 16}, {2048, 8}, {1024, 4}, {512, 2}}};
-
-double scaleIn(double x)
+template <typename V>
+VELMORA_KERNEL V toDouble(const MaskOf<V>& small)
 {
-    return x * 32768.0 * 0.025 * 0.25;
-}
-
-double scaleOut(std::int32_t q)
-{
-    return q * 3.0517578125e-5 * 40.0;
-}
-
-double convert(double y)
-{
-    const std::int32_t code = VintageConverter::approximate(y + kHalfScale);
-    return scaleOut(VintageConverter::requantise((code - kHalfScale) * kRange));
+    constexpr double kOffset = 0x1.8p52; // the lowest bits of its neighbours count in ones
+    constexpr std::int64_t kOffsetBits = 0x4338000000000000;
+    return fromBits<V>(small + kOffsetBits) - kOffset;
 }
 
 } // namespace
 
-void VintageConverter::process(RailBlocks& signal, int count, NoiseGenerator& jitter, SaturationMeter& meter,
+void VintageConverter::process(RailPiece& signal, int count, NoiseGenerator& jitter, SaturationMeter& meter,
                                double meterShare)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-        const double t = jitter.next() * kJitterSpan + kJitterStart;
-        std::array<double, kRails> y;
-        bool overload = false;
-        for (std::size_t rail = 0; rail < kRails; ++rail) {
-            y[rail] = interpolate(scaleIn(signal[rail][i]), t, history_[rail]);
-            overload = overload || std::fabs(y[rail]) > kOverload;
+    double level = meter.level();
+    runWidest([&](auto width) {
+        RailPiece instants;
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            instants.put(i, allLanes<Rails>(jitter.next() * kJitterSpan + kJitterStart));
+        convert<decltype(width)::value>(signal, count, instants);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+            const std::int64_t marks = marks_[kRails * i] | marks_[kRails * i + 1];
+            level =
+                SaturationMeter::glide(level, (marks & kOverload) != 0 ? kOverloadReading : 0.0, meterShare);
+            level = (marks & kClip) != 0 ? SaturationMeter::kFull : level;
         }
-        meter.glide(overload ? kOverloadReading : 0.0, meterShare);
-        for (std::size_t rail = 0; rail < kRails; ++rail) {
-            double clipped = y[rail];
-            if (clipped > kCeiling) clipped = kCeiling;
-            if (clipped < kFloor) clipped = kFloor;
-            if (clipped != y[rail]) meter.full();
-            signal[rail][i] = convert(clipped);
-        }
-    }
+    });
+    meter.show(level);
+}
+
+template <std::size_t width>
+VELMORA_KERNEL void VintageConverter::convert(RailPiece& signal, int count, const RailPiece& instants)
+{
+    using V = Lanes<width>;
+    constexpr std::size_t kHistory = kRails * kMemory;
+    forEachVector<V>(count, [&](std::size_t at) VELMORA_KERNEL_LAMBDA {
+        storeLanes<V>(&input_[kHistory + at], signal.vectorAt<V>(at) * 32768.0 * 0.025 * 0.25);
+    });
+    forEachVector<V>(count, [&](std::size_t at) VELMORA_KERNEL_LAMBDA {
+        const V y = interpolate<V>(at, instants.vectorAt<V>(at));
+        V clipped = choose<V>(y > kCeiling, allLanes<V>(kCeiling), y);
+        clipped = choose<V>(clipped < kFloor, allLanes<V>(kFloor), clipped);
+        MaskOf<V> marks = absLanes(y) > kOverloadLevel ? kOverload - MaskOf<V>{} : MaskOf<V>{};
+        marks = clipped != y ? kClip - MaskOf<V>{} : marks;
+        __builtin_memcpy(&marks_[at], &marks, sizeof marks);
+        const MaskOf<V> code = approximate<V>(clipped + static_cast<double>(kHalfScale));
+        const MaskOf<V> coarse = requantise<V>((code - kHalfScale) * kRange);
+        signal.putVector<V>(at, toDouble<V>(coarse) * 3.0517578125e-5 * 40.0);
+    });
+    std::copy_n(input_.begin() + static_cast<std::ptrdiff_t>(kRails) * count, kHistory, input_.begin());
 }
 
 // Catmull-Rom spline between x1 and x2.
-double VintageConverter::interpolate(double x0, double t, History& h)
+template <typename V>
+VELMORA_KERNEL V VintageConverter::interpolate(std::size_t at, const V& t) const
 {
-    const double y = ((2.0 * x0 - 5.0 * h.x1 + 4.0 * h.x2 - h.x3) * (t * t) +
-                      (h.x3 - x0 + 3.0 * h.x1 - 3.0 * h.x2) * (t * t * t) + (h.x2 - x0) * t + 2.0 * h.x1) *
-                     0.5;
-    h.x3 = h.x2;
-    h.x2 = h.x1;
-    h.x1 = x0;
-    return y;
-}
-
-std::int32_t VintageConverter::approximate(double w)
-{
-    std::int32_t code = 0;
-    for (const double weight : kWeights) {
-        code <<= 1;
-        if (w >= weight) {
-            w -= weight;
-            code |= 1;
-        }
-    }
-    return code;
-}
-
-std::int32_t VintageConverter::requantise(std::int32_t c)
-{
-    const bool negative = c < 0;
-    const std::int32_t offset =
-        negative ? 1 : 0; // negative values lie one below, their segments begin one later
-    const std::int32_t n = negative ? -c - 1 : c;
-    Segment segment{0, 1};
-    for (const Segment& candidate : kSegments) {
-        if (n < candidate.base + offset) continue;
-        segment = candidate;
-        break;
-    }
-    const std::int32_t q = segment.base + (n - segment.base) - (n - segment.base) % segment.step;
-    return negative ? -q : q;
+    const V x3 = loadLanes<V>(&input_[at]);
+    const V x2 = loadLanes<V>(&input_[at + kRails]);
+    const V x1 = loadLanes<V>(&input_[at + 2 * kRails]);
+    const V x0 = loadLanes<V>(&input_[at + 3 * kRails]);
+    return ((2.0 * x0 - 5.0 * x1 + 4.0 * x2 - x3) * (t * t) + (x3 - x0 + 3.0 * x1 - 3.0 * x2) * (t * t * t) +
+            (x2 - x0) * t + 2.0 * x1) *
+           0.5;
 }
 
 } // namespace velmora::preamp
