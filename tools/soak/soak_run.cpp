@@ -26,6 +26,8 @@ struct FreshPlayer {
 /// Readings behind blocks of a few samples would cost more than the audio.
 constexpr std::int64_t kMeterInterval = 64;
 
+constexpr double kSilence = 1e-6;
+
 /// The first use of a module touches memory that its instance has had all along: up to half a mebibyte in
 /// each of eleven preamps.
 constexpr std::int64_t kResidentAllowance = 8 << 20;
@@ -63,8 +65,10 @@ private:
             figures_.comparison->add(tested_.player, reference_->player, figures_.frames);
         }
         const bool repaired = step.stripOn || !scenario_.rough();
-        checkOutput(tested_.player.left(), repaired);
-        checkOutput(tested_.player.right(), repaired);
+        const double peak = std::max(checkedPeak(tested_.player.left(), repaired),
+                                     checkedPeak(tested_.player.right(), repaired));
+        figures_.peak = std::max(figures_.peak, peak);
+        if (peak > kSilence) figures_.soundingFrames += step.frames;
         figures_.frames += step.frames;
         figures_.seconds += step.frames / scenario_.sampleRate();
         ++figures_.blocks;
@@ -79,15 +83,17 @@ private:
     }
 
     /// @param repaired false: broken input samples may show, as the strip is off and hands them through
-    void checkOutput(std::span<const double> samples, bool repaired)
+    double checkedPeak(std::span<const double> samples, bool repaired) const
     {
+        double peak = 0.0;
         for (std::size_t i = 0; i < samples.size(); ++i) {
             if (!std::isfinite(samples[i])) {
                 if (repaired) fail("an output sample is no finite number", i);
                 continue;
             }
-            figures_.peak = std::max(figures_.peak, std::abs(samples[i]));
+            peak = std::max(peak, std::abs(samples[i]));
         }
+        return peak;
     }
 
     void checkMeters()

@@ -30,10 +30,16 @@ struct RunFigures {
     double seconds = 0.0; ///< of audio
     std::int64_t frames = 0;
     std::int64_t blocks = 0;
+    std::int64_t soundingFrames = 0;      ///< in blocks whose output rises above -120 dB
     double peak = 0.0;                    ///< highest output, linear
     std::int64_t residentGrowth = 0;      ///< bytes, over the run's second half
     std::int64_t heapGrowth = 0;          ///< bytes, over the run's second half
     std::optional<Comparison> comparison; ///< with the reference, if there is one
+
+    double soundingShare() const
+    {
+        return frames > 0 ? static_cast<double>(soundingFrames) / static_cast<double>(frames) : 0.0;
+    }
 };
 
 /// Plays the scenario of a seed through a fresh copy of the plug-in, and of the reference. Throws Fault for

@@ -39,10 +39,11 @@ public:
     void add(std::uint64_t seed, const RunFigures& figures)
     {
         seconds_ += figures.seconds;
-        std::printf("seed %llu: %.1f s, %lld frames in %lld blocks, peak %.3g, memory %+.2f MiB",
-                    static_cast<unsigned long long>(seed), figures.seconds,
-                    static_cast<long long>(figures.frames), static_cast<long long>(figures.blocks),
-                    figures.peak, mebibytes(figures.residentGrowth));
+        std::printf(
+            "seed %llu: %.1f s, %lld frames in %lld blocks, %.0f %% sounding, peak %.3g, memory %+.2f MiB",
+            static_cast<unsigned long long>(seed), figures.seconds, static_cast<long long>(figures.frames),
+            static_cast<long long>(figures.blocks), figures.soundingShare() * 100.0, figures.peak,
+            mebibytes(figures.residentGrowth));
         if (figures.comparison) addComparison(seed, *figures.comparison);
         finishLine();
     }
