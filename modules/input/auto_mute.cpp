@@ -2,8 +2,8 @@
 
 #include "dsp/flush.h"
 
+#include <algorithm>
 #include <cmath>
-#include <new>
 
 namespace velmora::preamp {
 
@@ -22,10 +22,11 @@ double followRate(double seconds, double sampleRate)
 
 } // namespace
 
-// calloc hands out pages that cost nothing until they are written.
-AutoMute::AutoMute() : muteHistory_(static_cast<double*>(std::calloc(kHistorySize, sizeof(double))))
+// Not a page of the ring is touched before the mute is used; calloc would clear what it gets from freed
+// memory.
+AutoMute::AutoMute() : muteHistory_(new double[kHistorySize])
 {
-    if (!muteHistory_) throw std::bad_alloc();
+    muteHistory_[kHistoryMask] = 0.0;
 }
 
 void AutoMute::reset(double sampleRate)
@@ -42,10 +43,11 @@ double AutoMute::windowMaximum(double level, NoiseGenerator& taps)
 {
     muteIndex_ = (muteIndex_ - 1) & kHistoryMask;
     muteHistory_[muteIndex_] = level;
+    lowestWritten_ = std::min(lowestWritten_, muteIndex_);
     for (int tap = 0; tap < kTaps; ++tap) {
         const auto age = static_cast<std::uint32_t>(taps.next() * sampleRate_ * kWindow);
-        const double past = muteHistory_[(age + muteIndex_) & kHistoryMask];
-        if (past > level) level = past;
+        const std::uint32_t slot = (age + muteIndex_) & kHistoryMask;
+        if (slot >= lowestWritten_ && muteHistory_[slot] > level) level = muteHistory_[slot];
     }
     return level;
 }

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 namespace velmora::preamp {
@@ -31,10 +30,6 @@ public:
     }
 
 private:
-    struct Free {
-        void operator()(double* memory) const { std::free(memory); }
-    };
-
     static constexpr std::uint32_t kHistorySize = 65536; // above 0.15 s at 384000 Hz
     static constexpr std::uint32_t kHistoryMask = kHistorySize - 1;
     static constexpr int kTaps = 16;
@@ -45,8 +40,9 @@ private:
     double windowMaximum(double level, NoiseGenerator& taps);
     double follow(double state, double input) const;
 
-    std::unique_ptr<double[], Free> muteHistory_;
+    std::unique_ptr<double[]> muteHistory_;
     std::uint32_t muteIndex_ = kHistoryMask;
+    std::uint32_t lowestWritten_ = kHistoryMask; ///< below it the ring holds nothing yet, which counts as 0
     double sampleRate_ = 0.0;
     double muteAttack_ = 0.0;
     double muteRelease_ = 0.0;
