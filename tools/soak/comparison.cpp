@@ -24,12 +24,12 @@ double singleDifference(double a, double b)
 
 } // namespace
 
-void Comparison::add(const Player& played, const Player& reference, std::int64_t firstFrame)
+void Comparison::add(const Player& played, const Player& reference, std::int64_t firstFrame, bool stripOn)
 {
     const auto compare = played.single() ? singleDifference : difference;
     const auto addSide = [&](std::span<const double> ours, std::span<const double> theirs) {
         for (std::size_t i = 0; i < theirs.size(); ++i) {
-            if (std::isfinite(theirs[i])) peak_ = std::max(peak_, std::abs(theirs[i]));
+            if (stripOn && std::isfinite(theirs[i])) peak_ = std::max(peak_, std::abs(theirs[i]));
             note(output_, compare(ours[i], theirs[i]) / peak_, firstFrame + static_cast<std::int64_t>(i));
         }
     };

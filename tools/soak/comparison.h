@@ -17,7 +17,8 @@ struct WorstDifference {
 /// highest output so far, or 1 if that is less. What came in single precision may differ by its last bit.
 class Comparison {
 public:
-    void add(const Player& played, const Player& reference, std::int64_t firstFrame);
+    /// @param stripOn false: the input goes straight through, whatever its height, and sets no measure
+    void add(const Player& played, const Player& reference, std::int64_t firstFrame, bool stripOn);
     /// Compares the latest readings. @param frame at which they were taken
     void addMeters(const Player& played, const Player& reference, std::int64_t frame);
 

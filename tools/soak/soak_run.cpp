@@ -62,12 +62,12 @@ private:
         tested_.player.play(step);
         if (reference_) {
             reference_->player.play(step);
-            figures_.comparison->add(tested_.player, reference_->player, figures_.frames);
+            figures_.comparison->add(tested_.player, reference_->player, figures_.frames, step.stripOn);
         }
         const bool repaired = step.stripOn || !scenario_.rough();
         const double peak = std::max(checkedPeak(tested_.player.left(), repaired),
                                      checkedPeak(tested_.player.right(), repaired));
-        figures_.peak = std::max(figures_.peak, peak);
+        if (step.stripOn) figures_.peak = std::max(figures_.peak, peak);
         if (peak > kSilence) figures_.soundingFrames += step.frames;
         figures_.frames += step.frames;
         figures_.seconds += step.frames / scenario_.sampleRate();
