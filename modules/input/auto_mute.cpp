@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <new>
 
 namespace velmora::preamp {
 
@@ -34,10 +33,11 @@ VELMORA_KERNEL MaskOf<V> wholePart(const V& v)
 
 } // namespace
 
-// calloc hands out pages that cost nothing until they are written.
-AutoMute::AutoMute() : muteHistory_(static_cast<double*>(std::calloc(kHistorySize, sizeof(double))))
+// Not a page of the ring is touched before the mute is used; calloc would clear what it gets from freed
+// memory.
+AutoMute::AutoMute() : muteHistory_(new double[kHistorySize])
 {
-    if (!muteHistory_) throw std::bad_alloc();
+    muteHistory_[kHistoryMask] = 0.0;
 }
 
 void AutoMute::reset(double sampleRate)
@@ -72,6 +72,7 @@ VELMORA_KERNEL void AutoMute::runBlock(RailBlock& levels, int count, NoiseGenera
         [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
             muteIndex_ = (muteIndex_ - 1) & kHistoryMask;
             muteHistory_[muteIndex_] = levels[i];
+            lowestWritten_ = std::min(lowestWritten_, muteIndex_);
             double next = follow(envelope, levels[i]);
             // The past can only raise it, and above the threshold it makes no difference.
             if (!(next > kThreshold)) next = follow(envelope, windowMaximum<V>(levels[i], &words[kTaps * i]));
@@ -97,7 +98,8 @@ VELMORA_KERNEL double AutoMute::windowMaximum(double level, const std::int64_t* 
     }
     std::array<double, 4> highest{level, level, level, level}; // four maxima don't wait for each other
     for (std::size_t tap = 0; tap < kTaps; ++tap) {
-        const double past = muteHistory_[(static_cast<std::uint32_t>(ages[tap]) + muteIndex_) & kHistoryMask];
+        const std::uint32_t slot = (static_cast<std::uint32_t>(ages[tap]) + muteIndex_) & kHistoryMask;
+        const double past = slot >= lowestWritten_ ? muteHistory_[slot] : 0.0;
         highest[tap % 4] = std::max(highest[tap % 4], past);
     }
     return std::max(std::max(highest[0], highest[1]), std::max(highest[2], highest[3]));

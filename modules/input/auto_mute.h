@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 namespace velmora::preamp {
@@ -26,10 +25,6 @@ public:
     void run(RailBlock& levels, int count, NoiseGenerator& taps);
 
 private:
-    struct Free {
-        void operator()(double* memory) const { std::free(memory); }
-    };
-
     static constexpr std::uint32_t kHistorySize = 65536; // above 0.15 s at 384000 Hz
     static constexpr std::uint32_t kHistoryMask = kHistorySize - 1;
     static constexpr std::size_t kTaps = 16;
@@ -44,8 +39,9 @@ private:
     template <typename V>
     VELMORA_KERNEL double windowMaximum(double level, const std::int64_t* words) const;
 
-    std::unique_ptr<double[], Free> muteHistory_;
+    std::unique_ptr<double[]> muteHistory_;
     std::uint32_t muteIndex_ = kHistoryMask;
+    std::uint32_t lowestWritten_ = kHistoryMask; ///< below it the ring holds nothing yet, which counts as 0
     double sampleRate_ = 0.0;
     double muteAttack_ = 0.0;
     double muteRelease_ = 0.0;

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <malloc.h>
 
 namespace velmora::test {
 namespace {
@@ -223,6 +224,19 @@ TEST(ConsoleNoise, AutoMuteThroughTheModule)
                 db(rms(fade, 22050, 2205)));
     EXPECT_GT(db(rms(fade, 2205, 2205)), -70.0);
     EXPECT_LT(db(rms(fade, 22050, 2205)), -125.0);
+}
+
+// Like memory that another unit gave back: where the ring holds nothing yet, what lies there isn't heard.
+TEST(ConsoleNoise, AutoMuteDoesNotHearWhatItsMemoryHeldBefore)
+{
+    constexpr int kFillsWithThirtyTwos = 0xBF; // the complement of each byte of 32.5
+    const Signal signal = sine(0.0001, 1000.0, 0.05);
+    InputRig fresh = noisy(7, 4, kNoiseAuto, 1.0);
+    const Signal expected = fresh.run(signal);
+    mallopt(M_PERTURB, kFillsWithThirtyTwos);
+    InputRig used = noisy(7, 4, kNoiseAuto, 1.0);
+    mallopt(M_PERTURB, 0);
+    EXPECT_EQ(used.run(signal), expected);
 }
 
 TEST(ComponentSpread, UnitsDifferAndRepeatAfterSixteen)
