@@ -3,7 +3,6 @@
 #include "dsp/flush.h"
 #include "dsp/lanes.h"
 #include "modules/compressor/envelope_step.h"
-#include "modules/compressor/soft_shoulder.h"
 
 #include <cmath>
 
@@ -48,37 +47,32 @@ public:
     VELMORA_KERNEL V process(const V& d, double threshold, const V& ratio, std::size_t count,
                              const FetCoefficients& c)
     {
-        // The divider is a fraction of the envelope, and so is what reaches over the dead zone: key / zone.
-        const V share = ratio * 0.5;
-        const V above = 2.2 * share;
-        const V below = 102.0 * share;
-        const V key = absLanes<V>(d * 0.912 * 0.631 * 1.084 * threshold);
-        const V reachAbove = key * above - kDeadZone * below;
-        const V reach = key * kRestAbove - kDeadZone * kRestBelow;
-        V envelope{};
+        const V key = d * 0.912 * 0.631 * 1.084;
+        V gains{};
         for (std::size_t i = 0; i < count; ++i) {
-            envelope[i] = fetEnvelope;
-            follow((reachAbove[i] * fetEnvelope + reach[i]) / (below[i] * fetEnvelope + kRestBelow), c);
+            gains[i] = dividerGain(fetEnvelope * ratio[i] * 0.5);
+            follow(std::fabs(key[i] * gains[i] * threshold) - kDeadZone, c);
         }
-        return (above * envelope + kRestAbove) / (below * envelope + kRestBelow);
+        return gains;
     }
 
 private:
     static constexpr double kFlush = 1e-18;
     static constexpr double kDeadZone = 0.25;
 
-    // With t = envelope * ratio / 2, t2 = 0.999 t / (1 + t) and u = 1 + 1 / (t2 + 0.001) the divider's gain
-    // is 1.1 u / (u + 100) = (2.2 t + 1.1011) / (102 t + 1.101).
-    static constexpr double kRestAbove = 1.1011;
-    static constexpr double kRestBelow = 1.101;
+    static VELMORA_KERNEL double dividerGain(double t)
+    {
+        const double t2 = t * 0.999 / (t + 1.0);
+        const double u = 1.0 / (1.0 - (0.999 - t2)) + 1.0;
+        return u * 1.1 / (u + 100.0);
+    }
 
-    // What sticks out of the dead zone is a level with a soft shoulder, never above p itself. Branches and no
-    // selects: a sample that raises the envelope keeps the loop waiting for some 100 cycles, of which the
-    // divider takes 20 and the shoulder 55, one that doesn't for 12.
+    // What sticks out of the dead zone, p, counts with a soft shoulder that never lifts it: samples that
+    // cannot raise the envelope are spared the tangent.
     VELMORA_KERNEL void follow(double p, const FetCoefficients& c)
     {
         if (p > fetEnvelope) {
-            const double level = p - softShoulder(p);
+            const double level = p - std::tanh(p * 4.0) * 0.25;
             if (level > fetEnvelope) fetEnvelope += (level - fetEnvelope) * c.fetAttack;
         }
         fetEnvelope = flush(fetEnvelope - fetEnvelope * c.fetRelease, kFlush);

@@ -2,7 +2,6 @@
 
 #include "dsp/flush.h"
 #include "dsp/lanes.h"
-#include "dsp/vector_math.h"
 #include "modules/compressor/envelope_step.h"
 #include "modules/compressor/power_1_4.h"
 
@@ -39,6 +38,11 @@ inline double optoTarget(double ratioValue)
 
 /// Light and photo cell: feed-forward in the power domain. Two envelopes in a row whose fall slows as they
 /// near the level, as a cell's does.
+///
+/// A key some thousand times above the threshold makes the falls step far beyond their aim, and the envelopes
+/// wander: there each sample can double a difference of the last place, until it is heard. So all powers are
+/// the library's to the last place, and the order of operations stays as it is, in every compressor that may
+/// stand before.
 class OptoDetector {
 public:
     void reset()
@@ -56,16 +60,18 @@ public:
                              const OptoCoefficients& c)
     {
         const V magnitude = absLanes<V>(d * 0.794);
-        V cell{};
+        V passed{};
         // All of a sample at once: the short recursions run ahead while the cell's long one is waited for.
         for (std::size_t i = 0; i < count; ++i) {
             keyLevel = flush((magnitude[i] - keyLevel) * c.levelCoefficient + keyLevel, kLevelFlush);
             const double level = std::fabs(keyLevel * 1.4 * 1.1885) * threshold[i] + 0.01;
             followPower(level * level, c);
             followCell(c);
-            cell[i] = optoEnvelope2;
+            passed[i] = optoEnvelope2;
         }
-        return expLanes<V>(logLanes<V>(cell + 1.0) * (ratio * -0.5));
+        passed = 1.0 / (passed + 1.0);
+        for (std::size_t i = 0; i < count; ++i) passed[i] = std::pow(passed[i], ratio[i]);
+        return sqrtLanes<V>(passed);
     }
 
 private:
@@ -93,8 +99,21 @@ private:
         if (optoEnvelope1 > optoEnvelope2)
             optoEnvelope2 += (optoEnvelope1 - optoEnvelope2) * c.optoAttack2;
         else
-            optoEnvelope2 -= sharedPower1_4(optoEnvelope2 - optoEnvelope1, c.optoRelease2);
+            optoEnvelope2 = fallenCell(c.optoRelease2);
         optoEnvelope2 = settle(optoEnvelope2);
+    }
+
+    // The short power suffices where either end of its error leads to the same cell, which is nearly always,
+    // as a step is a small part of the cell; otherwise, and of what is no number, the library decides.
+    VELMORA_KERNEL double fallenCell(double share) const
+    {
+        const double above = optoEnvelope2 - optoEnvelope1;
+        const double step = sharedPower1_4(above, share);
+        const double error = step * 0x1p-48;
+        const double fallen = optoEnvelope2 - (step + error);
+        if (fallen == optoEnvelope2 - (step - error)) [[likely]]
+            return fallen;
+        return optoEnvelope2 - std::pow(above, 1.4) * share;
     }
 
     double keyLevel = 0.0;

@@ -48,7 +48,7 @@ inline constexpr std::array<double, 5> kPowersOfTwo{1.0, powerTwoFifths(2.0), po
 } // namespace detail
 
 /// share * x^1.4 in few dependent steps, for a recursion that waits for it: half of what `std::pow` takes.
-/// Within 3 units of the last place; an x below the smallest normal number gives 0.
+/// Within 1.5e-15 of itself; an x below the smallest normal number gives 0.
 ///
 /// With x = 2^(5q + r) m it is x * x^0.4, and x^0.4 = 2^2q (2^r)^0.4 m^0.4. The power of the mantissa m comes
 /// from a table of its intervals and the binomial series around their middles.

@@ -36,31 +36,57 @@ public:
     template <typename V>
     VELMORA_KERNEL V process(const V& d, const V& threshold, std::size_t count, const VcaCoefficients& c)
     {
-        const V p = softKnee<V>(absLanes<V>(d * 2.6 * 1.122 * 0.841 * 1.1) * threshold + 0.01);
-        V envelope{};
+        const V level = absLanes<V>(d * 2.6 * 1.122 * 0.841 * 1.1) * threshold + 0.01;
+        const Decades<V> decades = softKnees<V>(level);
+        V gains{};
         for (std::size_t i = 0; i < count; ++i) {
-            follow(p[i], c);
-            envelope[i] = vcaEnvelope;
+            follow(decades.low[i], decades.high[i], level[i], c);
+            gains[i] = vcaEnvelope;
         }
-        return exp10Lanes<V>(-envelope * c.vcaRatio);
+        gains = -gains * c.vcaRatio;
+        for (std::size_t i = 0; i < count; ++i) gains[i] = std::pow(10.0, gains[i]);
+        return gains;
     }
 
 private:
     static constexpr double kFlush = 1e-18;
 
-    // Decades above threshold; below it there is nothing to take a logarithm of.
+    /// Decades above threshold, with the ends of their error.
     template <typename V>
-    static VELMORA_KERNEL V softKnee(const V& level)
+    struct Decades {
+        V low, high;
+    };
+
+    // Below threshold there is nothing to take a logarithm of.
+    static double softKnee(double level)
+    {
+        if (level <= 1.0) return 0.0;
+        const double P = std::log10(level);
+        return P - std::tanh(P * 8.0) * 0.125;
+    }
+
+    template <typename V>
+    static VELMORA_KERNEL Decades<V> softKnees(const V& level)
     {
         const V P = log10Lanes<V>(level);
         const V bent = P - tanhLanes<V>(P * 8.0) * 0.125;
-        return choose<V>(level <= 1.0, V{}, bent);
+        const V error = P * 0x1p-48; // the lanes' and the library's
+        const MaskOf<V> below = level <= 1.0;
+        return {choose<V>(below, V{}, bent - error), choose<V>(below, V{}, bent + error)};
     }
 
-    VELMORA_KERNEL void follow(double p, const VcaCoefficients& c)
+    // Where both ends lead to the same envelope, it is that of the library's functions too, which have the
+    // word otherwise, and of what is no number.
+    VELMORA_KERNEL void follow(double low, double high, double level, const VcaCoefficients& c)
+    {
+        const double envelope = next(low, c);
+        vcaEnvelope = envelope == next(high, c) ? envelope : next(softKnee(level), c);
+    }
+
+    VELMORA_KERNEL double next(double p, const VcaCoefficients& c) const
     {
         const double share = p > vcaEnvelope ? c.vcaAttack : c.vcaRelease;
-        vcaEnvelope = flush(vcaEnvelope + (p - vcaEnvelope) * share, kFlush);
+        return flush(vcaEnvelope + (p - vcaEnvelope) * share, kFlush);
     }
 
     double vcaEnvelope = kIdleEnvelope;

@@ -1,5 +1,4 @@
 #include "modules/compressor/power_1_4.h"
-#include "modules/compressor/soft_shoulder.h"
 #include "tests/modules/compressor/compressor_rig.h"
 #include "tests/plain/compressor.h"
 #include "tests/support/instruction_sets.h"
@@ -81,30 +80,53 @@ TEST(Kernel, AgreesWithThePlainFormOnEveryInstructionSet)
         for (double rate : kRates) {
             const Signal expected = plainly(variant, rate, x);
             const Signal y = fast(variant, rate, x, 64);
-            double worst = 0.0;
-            for (std::size_t i = 0; i < x.size(); ++i) worst = std::max(worst, std::fabs(y[i] - expected[i]));
-            std::printf("%s %6.0f Hz: off the plain form by %.1e at most\n",
-                        kVariantNames[static_cast<unsigned>(variant)], rate, worst);
-            EXPECT_LT(worst, 1e-11);
+            EXPECT_EQ(y, expected) << kVariantNames[static_cast<unsigned>(variant)] << " at " << rate
+                                   << " Hz";
             forEachInstructionSet([&] {
                 for (std::size_t piece : {64U, 5U, 1U}) EXPECT_EQ(fast(variant, rate, x, piece), y);
             });
         }
 }
 
-TEST(Kernel, ShortChainsAgreeWithTheLibrary)
+// The falls of a far too loud key leave the opto's envelopes wandering. A last place that differs behind the
+// compressor before it, or in an own power, grows there to several decibels; so all places have to be right.
+TEST(Kernel, FallsOfALoudKeyAgreeBehindEveryCompressor)
+{
+    constexpr double kRate = 192000.0;
+    Signal x(30000);
+    for (std::size_t i = 0; i < x.size(); ++i)
+        x[i] = 1e6 * std::exp(-0.01 * static_cast<double>(i % 1500)) * (i / 40 % 2 == 0 ? 1.0 : -1.0);
+    for (double attack : {0.3, 0.6})
+        for (int first : kVariants) {
+            const plain::CompressorValues values{attack, 0.2, 0.0, 0.6, 1.0, 0.0, 0.0};
+            plain::Compressor plainFirst(first, values, kRate);
+            plain::Compressor plainOpto(Opto, values, kRate);
+            Rig rigFirst(first, kRate);
+            Rig rigOpto(Opto, kRate);
+            for (Rig* rig : {&rigFirst, &rigOpto}) {
+                setAll(*rig, values);
+                rig->module.reset();
+            }
+            const Signal y = rigOpto.run(rigFirst.run(x));
+            Signal expected(x.size());
+            for (std::size_t i = 0; i < x.size(); ++i) {
+                const double before = plainFirst.process(x[i], x[i]);
+                expected[i] = plainOpto.process(before, before);
+            }
+            EXPECT_EQ(y, expected) << "behind the " << kVariantNames[static_cast<unsigned>(first)];
+        }
+}
+
+TEST(Kernel, ShortPowerAgreesWithTheLibrary)
 {
     double power = 0.0;
-    double shoulder = 0.0;
     for (int i = -60000; i < 20000; ++i) {
         const double x = std::pow(10.0, 0.001 * i);
         const auto exact = static_cast<double>(0.3L * std::pow(static_cast<long double>(x), 1.4L));
         power = std::max(power, std::fabs(sharedPower1_4(x, 0.3) / exact - 1.0));
-        shoulder = std::max(shoulder, std::fabs(softShoulder(x) - 0.25 * std::tanh(4.0 * x)));
     }
-    std::printf("x^1.4 off by %.1e of itself, the shoulder by %.1e\n", power, shoulder);
-    EXPECT_LT(power, 2e-15);
-    EXPECT_LT(shoulder, 2e-16);
+    std::printf("x^1.4 off by %.1e of itself\n", power);
+    EXPECT_LT(power, 1.5e-15); // its user reckons with twice as much
     for (double none : {0.0, std::numeric_limits<double>::denorm_min()})
         EXPECT_EQ(sharedPower1_4(none, 1.0), 0.0);
 }
