@@ -10,7 +10,7 @@ import sys
 
 BLOCKS = (16, 64, 256, 1024)
 RATES = (44100, 48000, 88200, 96000, 176400, 192000, 384000)
-RACKS = ("empty", "preset0", "heaviest")
+RACKS = ("empty", "preset0", "heaviest", "heaviest_muted")
 FORMS = (("plain", "fast"), ("libm", "lanes"))
 
 
@@ -45,20 +45,23 @@ def in_yardsticks(ns, yard):
 
 
 def print_racks(best, yard):
-    def cells(name, precision, places):
-        return [in_yardsticks(best[f"rack/{name}/{precision}/{p}"], yard) for p in places
-                if f"rack/{name}/{precision}/{p}" in best]
+    def times(name, precision, places):
+        return [best[f"rack/{name}/{precision}/{place}"] for place in places]
+
+    def cells(row):
+        return [in_yardsticks(ns, yard) for ns in row]
 
     blocks = [f"block:{b}/rate:48000" for b in BLOCKS]
     rates = [f"block:256/rate:{r}" for r in RATES]
+    rows = {(name, precision): times(name, precision, blocks) for name in RACKS for precision in ("float", "double")}
     print_table("Whole strip by host block, 48000 Hz: ns per sample (yardsticks)",
                 ["rack"] + [str(b) for b in BLOCKS] + ["16 : 256"],
-                [[f"{name}, {precision}"] + cells(name, precision, blocks)
-                 + [f"{best[f'rack/{name}/{precision}/{blocks[0]}'] / best[f'rack/{name}/{precision}/{blocks[2]}']:.2f}"]
-                 for name in RACKS for precision in ("float", "double")])
+                [[f"{name}, {precision}"] + cells(row) + [f"{row[0] / row[BLOCKS.index(256)]:.2f}"]
+                 for (name, precision), row in rows.items()])
+    rows = {name: times(name, "float", rates) for name in RACKS}
     print_table("Whole strip by rate, blocks of 256, float: ns per sample (yardsticks)",
-                ["rack"] + [str(r) for r in RATES],
-                [[name] + cells(name, "float", rates) for name in RACKS])
+                ["rack"] + [str(r) for r in RATES] + ["highest : lowest"],
+                [[name] + cells(row) + [f"{max(row) / min(row):.2f}"] for name, row in rows.items()])
 
 
 def print_variants(best):
