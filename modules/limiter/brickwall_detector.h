@@ -1,9 +1,10 @@
 #pragma once
 
 #include "dsp/lanes.h"
-#include "dsp/vector_math.h"
+#include "modules/limiter/exact_gain.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -62,7 +63,7 @@ private:
     }
 
     template <typename V>
-    static VELMORA_KERNEL V gainAt(const V& level, bool soft);
+    static VELMORA_KERNEL void kneeGains(double* levels, std::size_t count);
 
     BrickWallRates rates;
 
@@ -113,14 +114,16 @@ inline void BrickWallDetector::followLevels(const double* detect, double* levels
 }
 
 template <typename V>
-inline V BrickWallDetector::gainAt(const V& level, bool soft)
+inline void BrickWallDetector::kneeGains(double* levels, std::size_t count)
 {
-    constexpr double kGainGuard = 1e-6;
     constexpr double kSoftScale = 1.255; // just above sqrt(pi / 2): the knee ends a little below the ceiling
-    const V t = level + kGainGuard;
-    if (!soft) return choose<V>(t >= 1.0, 1.0 / t, allLanes<V>(1.0));
-    const V u = kSoftScale * t;
-    return sqrtLanes<V>(atanLanes<V>(u * u)) / u;
+    std::array<double, kChunk> bent{};
+    for (std::size_t i = 0; i < count; ++i) {
+        levels[i] *= kSoftScale;
+        bent[i] = std::atan(levels[i] * levels[i]);
+    }
+    for (std::size_t i = 0; i < count; i += kLaneCount<V>)
+        storeLanes<V>(levels + i, sqrtLanes<V>(loadLanes<V>(bent.data() + i)) / loadLanes<V>(levels + i));
 }
 
 template <typename V>
@@ -135,8 +138,12 @@ inline void BrickWallDetector::process(const double* detect, double* gains, std:
         run([](D& d, double level) { return d.followSingle(level); });
     else
         run([](D& d, double level) { return d.followCascade(level); });
-    for (std::size_t i = 0; i < count; i += kLaneCount<V>)
-        storeLanes<V>(gains + i, gainAt<V>(loadLanes<V>(gains + i), soft));
+    constexpr double kGainGuard = 1e-6;
+    mapLanes<V>(gains, gains, count, [](const V& level) { return level + kGainGuard; });
+    if (soft)
+        kneeGains<V>(gains, count);
+    else
+        hardGains<V>(gains, count);
 }
 
 } // namespace velmora::limiter

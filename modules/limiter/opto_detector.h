@@ -2,7 +2,7 @@
 
 #include "dsp/flush.h"
 #include "dsp/lanes.h"
-#include "dsp/vector_math.h"
+#include "modules/limiter/exact_gain.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,10 +48,9 @@ public:
 private:
     VELMORA_KERNEL void followPeak(double magnitude);
     VELMORA_KERNEL void moveCell(double level, bool soft);
+    VELMORA_KERNEL double fallenCell(double level, double distance, bool soft) const;
     VELMORA_KERNEL double roundCorners();
     static VELMORA_KERNEL double arcTangent(double x);
-    template <typename V>
-    static VELMORA_KERNEL V gainAt(const V& level, bool soft);
 
     // Level relative to the ceiling, but for the peak, which is absolute.
     double optoPeak = 0.0;
@@ -69,7 +68,7 @@ inline void OptoDetector::followPeak(double magnitude)
 }
 
 // Most often the cell is close to its level and the argument small: there a short series, summed in pairs,
-// stands in for libm's longer chain. It is good to the last place.
+// stands in for libm's longer chain. It is good to the last place, but need not have libm's bits.
 inline double OptoDetector::arcTangent(double x)
 {
     constexpr double kSeriesEnd = 0x1p-5;
@@ -80,22 +79,34 @@ inline double OptoDetector::arcTangent(double x)
     return x - (x * u) * tail;
 }
 
-// Falling, the cell slows down as it nears its level: the fourth power makes the long tail. Rising and
-// falling take turns seldom enough for a branch, and a rising cell needn't wait for the arc tangent.
+// Falling, the cell slows down as it nears its level: the fourth power makes the long tail. A step is a small
+// part of the cell, so nearly always both ends of the series' error lead to the same cell; else libm decides.
+inline double OptoDetector::fallenCell(double level, double distance, bool soft) const
+{
+    constexpr double kFastestFall = 0.0333; // share of the distance to the level, per sample
+    constexpr double kTailScale = 0.25 * 0.145;
+    constexpr double kError = 0x1p-49;
+    const double rest = (soft ? 0.999 * level + 0.001 : 0.5 * level + 0.5) - optoCell;
+    const double square = rest * rest;
+    const double x = square * square * (rates.release * 4.0);
+    const double tail = arcTangent(x) * kTailScale;
+    const double fastest = kFastestFall * -distance;
+    const double error = tail * kError;
+    if (optoCell - std::min(fastest, tail - error) == optoCell - std::min(fastest, tail + error)) [[likely]]
+        return optoCell - std::min(fastest, tail);
+    return optoCell - std::min(fastest, std::atan(x) * kTailScale);
+}
+
+// Rising and falling take turns seldom enough for a branch, and a rising cell needn't wait for the arc
+// tangent.
 inline void OptoDetector::moveCell(double level, bool soft)
 {
     constexpr double kCellMinimum = 0.001;
-    constexpr double kFastestFall = 0.0333; // share of the distance to the level, per sample
-    constexpr double kTailScale = 0.25 * 0.145;
     const double distance = level - optoCell;
-    if (distance > 0.0) {
+    if (distance > 0.0)
         optoCell += distance * rates.attack;
-    } else if (distance < 0.0) {
-        const double rest = (soft ? 0.999 * level + 0.001 : 0.5 * level + 0.5) - optoCell;
-        const double square = rest * rest;
-        const double tail = arcTangent(square * square * (rates.release * 4.0)) * kTailScale;
-        optoCell -= std::min(kFastestFall * -distance, tail);
-    }
+    else if (distance < 0.0)
+        optoCell = fallenCell(level, distance, soft);
     optoCell = std::max(optoCell, kCellMinimum);
 }
 
@@ -107,31 +118,25 @@ inline double OptoDetector::roundCorners()
     return optoLevel = flush(optoLevel, kFlush);
 }
 
-template <typename V>
-inline V OptoDetector::gainAt(const V& level, bool soft)
-{
-    constexpr double kGainGuard = 1e-6;
-    const V t = level + kGainGuard;
-    if (soft) return tanhLanes<V>(t) / t;
-    return choose<V>(t > 1.0, 1.0 / t, allLanes<V>(1.0));
-}
-
 template <typename V, typename Key>
 inline void OptoDetector::process(Key key, double* gains, std::size_t count, double ceilingInverse, bool soft)
 {
     constexpr double kPeakScale = 0.93;
     constexpr double kHardFloor = 0.05; // the cell is never quite dark
     constexpr double kSoftFloor = 0.01;
+    constexpr double kGainGuard = 1e-6;
     OptoDetector local = *this; // the state stays in registers: stores to gains can't alias it
     const double floorLevel = soft ? kSoftFloor : kHardFloor;
     for (std::size_t i = 0; i < count; ++i) {
         local.followPeak(std::fabs(key(i)) * kPeakScale);
         local.moveCell(local.optoPeak * ceilingInverse + floorLevel, soft);
-        gains[i] = local.roundCorners();
+        gains[i] = local.roundCorners() + kGainGuard;
     }
     *this = local;
-    for (std::size_t i = 0; i < count; i += kLaneCount<V>)
-        storeLanes<V>(gains + i, gainAt<V>(loadLanes<V>(gains + i), soft));
+    if (soft)
+        softGains<V>(gains, count, 0.0);
+    else
+        hardGains<V>(gains, count);
 }
 
 } // namespace velmora::limiter

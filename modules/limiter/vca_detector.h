@@ -2,8 +2,11 @@
 
 #include "dsp/lanes.h"
 #include "dsp/vector_math.h"
+#include "modules/limiter/exact_gain.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace velmora::limiter {
@@ -38,9 +41,8 @@ public:
                                 bool soft);
 
 private:
-    VELMORA_KERNEL double follow(double logLevel, double floorLevel);
-    template <typename V>
-    static VELMORA_KERNEL V gainAt(const V& level, bool soft);
+    VELMORA_KERNEL double follow(double logLevel, double error, double magnitude, double floorLevel);
+    static VELMORA_KERNEL double power(double slow, bool soft);
 
     // log10 of the level relative to the ceiling.
     double vcaFast = 0.0;
@@ -48,24 +50,27 @@ private:
 };
 
 // Where a follower moves one way only, the higher of both ends is the one that applies. A NaN in the level
-// leaves the followers as they are.
-inline double VcaDetector::follow(double logLevel, double floorLevel)
+// leaves the followers as they are. The logarithm may be off by its error: nearly always both ends of that
+// lead to the same level, and else libm decides.
+inline double VcaDetector::follow(double logLevel, double error, double magnitude, double floorLevel)
 {
     vcaFast += (floorLevel - vcaFast) * rates.fall;
-    vcaFast = std::max(vcaFast, vcaFast + (logLevel - vcaFast) * rates.attack);
+    const auto risen = [this](double level) {
+        return std::max(vcaFast, vcaFast + (level - vcaFast) * rates.attack);
+    };
+    if (risen(logLevel - error) == risen(logLevel + error)) [[likely]]
+        vcaFast = risen(logLevel);
+    else
+        vcaFast = risen(std::log10(magnitude));
     vcaSlow = std::max(vcaSlow + (vcaFast - vcaSlow) * rates.slow, vcaFast);
     return vcaSlow;
 }
 
-template <typename V>
-inline V VcaDetector::gainAt(const V& level, bool soft)
+// Of levels that surely lie below either knee, and of what is no number, 0 tells enough.
+inline double VcaDetector::power(double slow, bool soft)
 {
-    constexpr double kGainGuard = 1e-6;
-    constexpr double kSoftMinimum = 1e-5;
-    const V one = allLanes<V>(1.0);
-    if (soft) return choose<V>(level > kSoftMinimum, tanhLanes<V>(level) / level, one);
-    const V t = level + kGainGuard;
-    return choose<V>(t >= 1.0, 1.0 / t, one);
+    const double belowKnee = soft ? -6.0 : -1e-6;
+    return slow >= belowKnee ? std::pow(10.0, slow) : 0.0;
 }
 
 template <typename V>
@@ -75,14 +80,27 @@ inline void VcaDetector::process(const double* detect, double* gains, std::size_
     constexpr double kHardFloor = -0.800000012; // -16 dB
     constexpr double kSoftFloor = -1.299999952; // -26 dB
     constexpr double kLogGuard = 0.0001;        // -80 dB
+    constexpr double kLogError = 0x1p-48;       // the lanes' and libm's, as a share of the result
+    constexpr double kGainGuard = 1e-6;
+    constexpr double kSoftMinimum = 1e-5;
 
-    mapLanes<V>(detect, gains, count,
-                [=](const V& x) { return log10Lanes<V>(absLanes(x) * ceilingInverse + kLogGuard); });
+    std::array<double, kChunk> magnitudes{};
+    mapLanes<V>(detect, magnitudes.data(), count,
+                [=](const V& x) { return absLanes<V>(x) * ceilingInverse + kLogGuard; });
+    mapLanes<V>(magnitudes.data(), gains, count, [](const V& x) { return log10Lanes<V>(x); });
     VcaDetector local = *this; // the state stays in registers: stores to gains can't alias it
     const double floorLevel = soft ? kSoftFloor : kHardFloor;
-    for (std::size_t i = 0; i < count; ++i) gains[i] = local.follow(gains[i], floorLevel);
+    for (std::size_t i = 0; i < count; ++i)
+        gains[i] = local.follow(gains[i], gains[i] * kLogError, magnitudes[i], floorLevel);
     *this = local;
-    mapLanes<V>(gains, gains, count, [=](const V& slow) { return gainAt<V>(exp10Lanes<V>(slow), soft); });
+
+    for (std::size_t i = 0; i < count; ++i) gains[i] = power(gains[i], soft);
+    if (soft) {
+        softGains<V>(gains, count, kSoftMinimum);
+    } else {
+        mapLanes<V>(gains, gains, count, [](const V& level) { return level + kGainGuard; });
+        hardGains<V>(gains, count);
+    }
 }
 
 } // namespace velmora::limiter
