@@ -132,6 +132,18 @@ TEST(LimiterPlainForm, SoundsAlikeAtEveryBlockSizeAndRate)
     }
 }
 
+// What follows the limiter may raise a last bit of so loud a signal until it is heard.
+TEST(LimiterPlainForm, FarAboveFullScaleEveryBitStays)
+{
+    Signal in = bursts(40000);
+    for (std::size_t i = 0; i < in.size(); ++i)
+        if (i / 5000 % 2 == 1) in[i] = i / 137 % 2 == 0 ? 1e6 : -1e6;
+    for (const Setting& setting : settings())
+        for (double rate : {44100.0, 384000.0})
+            EXPECT_EQ(difference(runFast(setting, rate, in, 64), runPlain(setting, rate, in, 64)), 0.0)
+                << nameOf(setting, rate);
+}
+
 TEST(LimiterPlainForm, LongSoundAtTheHighestRateAndLowestCutOffStaysAlike)
 {
     const Signal in = bursts(1 << 20);
