@@ -1,9 +1,11 @@
 #include "modules/eq/eq_saturation.h"
 
+#include "dsp/lanes.h"
 #include "dsp/run_widest.h"
-#include "dsp/vector_math.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 namespace velmora {
@@ -17,47 +19,41 @@ constexpr double kHard = 8.0;
 constexpr double kSoft = 16.0;
 constexpr double kJuniperSag = 0.02;
 
-template <typename V>
-VELMORA_KERNEL V bentByTanh(const V& y, const V& t, double ceiling)
+// Ceilings of the curve by flavour, for drives above and below 0.
+constexpr std::array<double, 3> kAbove{kSoft, kSoft, kHard};
+constexpr std::array<double, 3> kBelow{kSoft, kHard, kSoft};
+
+/// The curve at drive t, as a share of its ceiling.
+template <EqFlavour flavour>
+double curve(double t)
 {
-    return y * tanhLanes<V>(t / ceiling) * ceiling / t;
+    constexpr auto kIndex = static_cast<std::size_t>(flavour) - 1;
+    const double x = t / (t > 0.0 ? kAbove[kIndex] : kBelow[kIndex]);
+    if constexpr (flavour == EqFlavour::Sorrel) return std::atan(x);
+    if (t > 0.0) return std::tanh(x);
+    if constexpr (flavour == EqFlavour::Tamarin) return std::atan(x);
+    return std::atan(t / (std::fabs(t) * kJuniperSag + 1.0) / kSoft);
 }
 
-/// @param bent the drive that the arc tangent sees
-template <typename V>
-VELMORA_KERNEL V bentByAtan(const V& y, const V& t, const V& bent, double ceiling)
-{
-    return y * atanLanes<V>(bent / ceiling) * ceiling / t;
-}
-
-template <EqFlavour flavour, typename V>
-VELMORA_KERNEL V saturated(const V& y, const V& t)
-{
-    V bent = y;
-    if constexpr (flavour == EqFlavour::Sorrel) {
-        bent = choose<V>(absLanes<V>(t) > kSmall, bentByAtan<V>(y, t, t, kSoft), y);
-    } else if constexpr (flavour == EqFlavour::Tamarin) {
-        bent = choose<V>(t > kSmall, bentByTanh<V>(y, t, kSoft), bent);
-        bent = choose<V>(t < -kSmall, bentByAtan<V>(y, t, t, kHard), bent);
-    } else {
-        const V sagging = t / (absLanes<V>(t) * kJuniperSag + 1.0);
-        bent = choose<V>(t > kSmall, bentByTanh<V>(y, t, kHard), bent);
-        bent = choose<V>(t < -kSmall, bentByAtan<V>(y, t, sagging, kSoft), bent);
-    }
-    return zeroNanLanes<V>(bent);
-}
-
+// The tangents stay libm's: filters and saturators behind raise a last bit to almost 1e-9 of the peak, and a
+// compressor may go on from there.
 template <EqFlavour flavour>
 void saturate(EqPiece::Row& audio, EqPiece::Row& drive, std::size_t frames)
 {
+    constexpr auto kIndex = static_cast<std::size_t>(flavour) - 1;
+    EqPiece::Row bent{};
+    for (std::size_t n = 0; n < frames; ++n) bent[n] = curve<flavour>(drive[n]);
     runWidest([&](auto width) {
         using V = Lanes<decltype(width)::value>;
         constexpr std::size_t kWidth = kLaneCount<V>;
         static_assert(EqPiece::kMaxFrames % kWidth == 0);
         for (std::size_t n = frames; n % kWidth != 0; ++n) audio[n] = drive[n] = 0.0;
         for (std::size_t n = 0; n < frames; n += kWidth) {
-            const V y = saturated<flavour, V>(loadLanes<V>(&audio[n]), loadLanes<V>(&drive[n]));
-            storeLanes<V>(&audio[n], y);
+            const V y = loadLanes<V>(&audio[n]);
+            const V t = loadLanes<V>(&drive[n]);
+            const V ceiling = choose<V>(t > 0.0, allLanes<V>(kAbove[kIndex]), allLanes<V>(kBelow[kIndex]));
+            const V saturated = y * loadLanes<V>(&bent[n]) * ceiling / t;
+            storeLanes<V>(&audio[n], zeroNanLanes<V>(choose<V>(absLanes<V>(t) > kSmall, saturated, y)));
         }
     });
 }
