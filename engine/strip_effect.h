@@ -47,6 +47,10 @@ public:
     /// From here on the module passes audio through, metered.
     virtual void deactivate() = 0;
 
+    /// Modules of one rack share what their level meters found. @param memo outlives the module's processing;
+    /// null for none.
+    void shareLevels(LevelMemo* memo) { levelMemo = memo; }
+
 protected:
     /// Id relative to the window; a meter id gives an offset behind the window's own.
     ParameterId relative(std::uint32_t id) const { return static_cast<ParameterId>(id - windowBase); }
@@ -76,15 +80,23 @@ protected:
 
     /// The same for a whole block, at a fraction of the cost; readings agree but for rounding. A module that
     /// works in place has its input metered before it writes.
-    void meterInBlock(const double* x, std::int32_t frames) { inMeter.processBlock(x, frames, meterRates); }
-    void meterOutBlock(const double* y, std::int32_t frames) { outMeter.processBlock(y, frames, meterRates); }
+    /// Input and output of a mono module at once cost little more than one.
+    void meterBlocks(const double* x, const double* y, std::int32_t frames)
+    {
+        LevelMeter::processBlocks(inMeter, x, outMeter, y, frames, meterRates, levelMemo);
+    }
+    /// The same signal on both sides of the meters.
+    void meterBlocksOnBothSides(const double* x, const double* y, std::int32_t frames)
+    {
+        LevelMeter::processBothSides(inMeter, x, outMeter, y, frames, meterRates, levelMemo);
+    }
     void meterInBlock(const double* left, const double* right, std::int32_t frames)
     {
-        inMeter.processBlock(left, right, frames, meterRates);
+        inMeter.processBlock(left, right, frames, meterRates, levelMemo);
     }
     void meterOutBlock(const double* left, const double* right, std::int32_t frames)
     {
-        outMeter.processBlock(left, right, frames, meterRates);
+        outMeter.processBlock(left, right, frames, meterRates, levelMemo);
     }
 
     /// Writes y to both channels of output pair 0, if the mask has it.
@@ -121,6 +133,7 @@ protected:
     LevelMeter outMeter;
 
 private:
+    LevelMemo* levelMemo = nullptr;
     LevelRates meterRates;
     double meteredSampleRate = 0.0; ///< the sample rate that the meters' rates are for
 };
