@@ -4,6 +4,7 @@
 #include "engine/audio_record.h"
 #include "params/parameter_ids.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace velmora {
@@ -99,10 +100,12 @@ protected:
         outMeter.processBlock(left, right, frames, meterRates, levelMemo);
     }
 
-    /// Writes y to both channels of output pair 0, if the mask has it.
-    void writeMono(const AudioRecord& out, std::int32_t index, double y) const
+    /// Writes a block from `start` on to both channels of output pair 0, if the mask has it.
+    void writeMono(const AudioRecord& out, std::int32_t start, const double* y, std::int32_t frames) const
     {
-        if ((outputMask & 1) != 0) out.left(0)[index] = out.right(0)[index] = y;
+        if ((outputMask & 1) == 0) return;
+        std::copy_n(y, frames, out.left(0) + start);
+        std::copy_n(y, frames, out.right(0) + start);
     }
 
     /// Answers the first two meter ids. @return false for any other id, `out` untouched.

@@ -127,7 +127,7 @@ void StripEffectDeesser::processPiece(const double* input, const AudioRecord& ou
     else
         for (std::size_t i = 0; i < count; ++i) y[i] = input[i] * applied[i];
     meterBlocks(input, y.data(), frames);
-    for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+    writeMono(out, start, y.data(), frames);
 }
 
 void StripEffectDeesser::findGains(const double* wide, const double* detected, double* gains,

@@ -132,7 +132,7 @@ void StripEffectDehummer::processPiece(const double* input, const AudioRecord& o
     reduction.follow(input, piece.data(), frames);
     if (monitor != 0) listener.process(input, piece.data(), frames, shares);
     meterBlocks(input, piece.data(), frames);
-    for (std::int32_t i = 0; i < frames; ++i) writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+    writeMono(out, start, piece.data(), frames);
     reductionMeter = reduction.reading();
 }
 

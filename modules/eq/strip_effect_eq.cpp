@@ -176,9 +176,7 @@ void StripEffectEq::processFlavour(DeferredFilter<Filter>& deferred, const Audio
     driveFollower = piece.follower;
     if (analog != 0) eqSaturate(Filter::kFlavour, piece.output, piece.drive, frames);
     meterBlocks(piece.input, piece.output.data(), frames);
-    if ((outputMask & 1) == 0) return;
-    std::copy_n(piece.output.data(), frames, out.left(0));
-    std::copy_n(piece.output.data(), frames, out.right(0));
+    writeMono(out, 0, piece.output.data(), frames);
 }
 
 void StripEffectEq::fadeBands(EqPiece& piece)

@@ -219,7 +219,7 @@ void StripEffectExpander::runMono(const Rule& rule, const AudioRecord& in, const
         else
             for (std::size_t i = 0; i < count; ++i) y[i] = x[i] * gain[i];
         meterBlocksOnBothSides(x, y.data(), length);
-        for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+        writeMono(out, start, y.data(), length);
         gainOut = monitorOn != 0 ? kNoReduction : clampUnit(gain[count - 1]);
     }
 }

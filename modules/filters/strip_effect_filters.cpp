@@ -149,8 +149,7 @@ void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& o
         const SectionChain<StripFilterSection> chain = rails[Left].chain(type == Pro, piece.data(), links);
         runRails({&chain, 1}, count);
         meterBlocks(input + start, piece.data(), count);
-        for (std::int32_t i = 0; i < count; ++i)
-            writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+        writeMono(out, start, piece.data(), count);
     }
 }
 
