@@ -122,8 +122,21 @@ void levelDetectorFast(benchmark::State& run)
     levelDetector(run, [](LevelDetector& detector, const double* x, std::int32_t frames,
                           const LevelRates& rates) { detector.processBlock(x, frames, rates); });
 }
+
+/// Two that stand and hear differently; per sample of either.
+void levelDetectorPair(benchmark::State& run)
+{
+    std::array<double, kBlock> other = tone();
+    for (double& x : other) x *= 0.5;
+    LevelDetector second;
+    levelDetector(
+        run, [&](LevelDetector& detector, const double* x, std::int32_t frames, const LevelRates& rates) {
+            LevelDetector::processBlocks(detector, x, second, other.data(), frames, rates);
+        });
+}
 BENCHMARK(levelDetectorPlain)->Name("LevelDetector/plain")->Arg(16)->Arg(64);
 BENCHMARK(levelDetectorFast)->Name("LevelDetector/fast")->Arg(16)->Arg(64);
+BENCHMARK(levelDetectorPair)->Name("LevelDetector/pair")->Arg(16)->Arg(64);
 
 } // namespace
 } // namespace velmora::bench

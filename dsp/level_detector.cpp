@@ -32,17 +32,18 @@ VELMORA_KERNEL V gatherLanes(const double* from)
 template <typename V>
 using Offsets = std::array<V, kLines>;
 
-template <typename V>
-VELMORA_KERNEL void findOffsets(const double* x, const LevelRates& rates, Offsets<V>& best)
+/// @param samples gives sample s of every lane's group.
+template <typename V, typename Samples>
+VELMORA_KERNEL void findOffsets(Samples samples, const LevelRates& rates, Offsets<V>& best)
 {
     const double keepRising = 1.0 - rates.attack;
     const double keepFalling = 1.0 - rates.release;
-    const V first = absLanes(gatherLanes<V>(x));
+    const V first = absLanes<V>(samples(0));
     best[0] = first * rates.release;
     best[1] = first * rates.attack;
 #pragma GCC unroll 4 // the lines then stay in registers
     for (std::size_t s = 1; s < kGroup; ++s) {
-        const V magnitude = absLanes(gatherLanes<V>(x + s));
+        const V magnitude = absLanes<V>(samples(s));
         const V rise = magnitude * rates.attack;
         const V fall = magnitude * rates.release;
         best[s + 1] = best[s] * keepRising + rise;
@@ -67,7 +68,8 @@ VELMORA_KERNEL std::size_t followGroups(const double* x, std::size_t frames, dou
     Offsets<V> offsets;
     std::size_t i = 0;
     for (; i + groups * kGroup <= frames; i += groups * kGroup) {
-        findOffsets<V>(x + i, rates, offsets);
+        findOffsets<V>([=](std::size_t s) VELMORA_KERNEL_LAMBDA { return gatherLanes<V>(x + i + s); }, rates,
+                       offsets);
 #pragma GCC unroll 4
         for (std::size_t group = 0; group < groups; ++group) {
             const auto line = [&](std::size_t rises) {
@@ -94,6 +96,53 @@ VELMORA_KERNEL double followBlock(const double* x, std::size_t frames, double le
     return level;
 }
 
+/// Sample s of two signals' groups: the first ones, and in a vector of four the ones behind them.
+template <typename V>
+VELMORA_KERNEL V gatherPair(const double* a, const double* b)
+{
+    if constexpr (kLaneCount<V> == 2)
+        return V{a[0], b[0]};
+    else
+        return V{a[0], b[0], a[kGroup], b[kGroup]};
+}
+
+template <typename V>
+VELMORA_KERNEL Lanes2 pairOf(const V& v, std::size_t group)
+{
+    return Lanes2{v[2 * group], v[2 * group + 1]};
+}
+
+/// Two detectors side by side, each with the arithmetic that it has by itself, so that one waits for its own
+/// recursion while the other works.
+template <std::size_t width>
+VELMORA_KERNEL Lanes2 followPair(const double* a, const double* b, std::size_t frames, Lanes2 levels,
+                                 const LevelRates& rates)
+{
+    using V = Lanes<width == 2 ? 2 : 4>;
+    constexpr std::size_t groups = kLaneCount<V> / 2;
+    const std::size_t inGroups = frames - frames % (2 * kGroup); // as many as one detector takes in groups
+    Offsets<V> offsets;
+    std::size_t i = 0;
+    for (; i < inGroups; i += groups * kGroup) {
+        findOffsets<V>([=](std::size_t s)
+                           VELMORA_KERNEL_LAMBDA { return gatherPair<V>(a + i + s, b + i + s); },
+                       rates, offsets);
+#pragma GCC unroll 2
+        for (std::size_t group = 0; group < groups; ++group) {
+            const auto line = [&](std::size_t rises) {
+                return levels * rates.groupKeep[rises] + pairOf(offsets[rises], group);
+            };
+            levels = maxLanes(maxLanes(maxLanes(line(0), line(1)), maxLanes(line(2), line(3))), line(4));
+        }
+    }
+    for (; i < frames; ++i) {
+        const Lanes2 magnitudes = absLanes(Lanes2{a[i], b[i]});
+        levels = maxLanes(levels * (1.0 - rates.attack) + magnitudes * rates.attack,
+                          levels * (1.0 - rates.release) + magnitudes * rates.release);
+    }
+    return levels;
+}
+
 VELMORA_KERNEL bool sameSamples(const double* a, const double* b, std::size_t frames)
 {
     std::uint64_t difference = 0;
@@ -118,13 +167,14 @@ void LevelDetector::processBlocks(LevelDetector& left, const double* xLeft, Leve
 {
     if (frames <= 0) return;
     const auto count = static_cast<std::size_t>(frames);
-    std::array<double, 2> levels{left.level_, right.level_};
+    Lanes2 levels{left.level_, right.level_};
     bool same = left == right;
     runWidest([&](auto width) {
         same = same && (xLeft == xRight || sameSamples(xLeft, xRight, count));
-        const std::array<const double*, 2> x{xLeft, xRight};
-        for (std::size_t c = 0; c < (same ? 1 : 2); ++c)
-            levels[c] = followBlock<width>(x[c], count, levels[c], rates);
+        if (same)
+            levels[0] = followBlock<width>(xLeft, count, levels[0], rates);
+        else
+            levels = followPair<width>(xLeft, xRight, count, levels, rates);
     });
     left.land(levels[0], xLeft, frames, rates);
     if (same)

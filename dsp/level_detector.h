@@ -46,7 +46,8 @@ public:
 
     /// Ends where `process` over all samples would, but for rounding.
     void processBlock(const double* x, std::int32_t frames, const LevelRates& rates);
-    /// The same for both sides of a pair; costs one alone while they stand alike and see the same samples.
+    /// The same for two at once, such as the sides of a pair, for little more than one costs; for no more
+    /// while they stand alike and see the same samples.
     static void processBlocks(LevelDetector& left, const double* xLeft, LevelDetector& right,
                               const double* xRight, std::int32_t frames, const LevelRates& rates);
 

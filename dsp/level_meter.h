@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dsp/level_detector.h"
+#include "dsp/level_memo.h"
 #include "dsp/meter_cell.h"
 
 #include <cstdint>
@@ -36,15 +37,44 @@ public:
         showHigher();
     }
 
-    void processBlock(const double* x, std::int32_t frames, const LevelRates& rates)
+    /// Whole blocks. @param memo of the rack that the meter stands in, or null.
+    void processBlock(const double* x, std::int32_t frames, const LevelRates& rates,
+                      LevelMemo* memo = nullptr)
     {
-        left_.processBlock(x, frames, rates);
+        if (memo != nullptr)
+            memo->follow(left_, x, frames, rates);
+        else
+            left_.processBlock(x, frames, rates);
         reading_ = left_.level();
     }
-    void processBlock(const double* left, const double* right, std::int32_t frames, const LevelRates& rates)
+    void processBlock(const double* left, const double* right, std::int32_t frames, const LevelRates& rates,
+                      LevelMemo* memo = nullptr)
     {
-        LevelDetector::processBlocks(left_, left, right_, right, frames, rates);
+        followTwo(left_, left, right_, right, frames, rates, memo);
         showHigher();
+    }
+    /// Two mono meters at once, for little more than one costs.
+    static void processBlocks(LevelMeter& in, const double* x, LevelMeter& out, const double* y,
+                              std::int32_t frames, const LevelRates& rates, LevelMemo* memo)
+    {
+        followTwo(in.left_, x, out.left_, y, frames, rates, memo);
+        in.reading_ = in.left_.level();
+        out.reading_ = out.left_.level();
+    }
+    /// The same for meters that hear one signal on both sides.
+    static void processBothSides(LevelMeter& in, const double* x, LevelMeter& out, const double* y,
+                                 std::int32_t frames, const LevelRates& rates, LevelMemo* memo)
+    {
+        const bool alike = in.left_ == in.right_ && out.left_ == out.right_;
+        followTwo(in.left_, x, out.left_, y, frames, rates, memo);
+        if (alike) {
+            in.right_ = in.left_;
+            out.right_ = out.left_;
+        } else {
+            followTwo(in.right_, x, out.right_, y, frames, rates, memo);
+        }
+        in.showHigher();
+        out.showHigher();
     }
 
     bool standsWith(const LevelMeter& other) const { return left_ == other.left_ && right_ == other.right_; }
@@ -57,6 +87,14 @@ public:
     }
 
 private:
+    static void followTwo(LevelDetector& a, const double* xa, LevelDetector& b, const double* xb,
+                          std::int32_t frames, const LevelRates& rates, LevelMemo* memo)
+    {
+        if (memo != nullptr)
+            memo->follow(a, xa, b, xb, frames, rates);
+        else
+            LevelDetector::processBlocks(a, xa, b, xb, frames, rates);
+    }
     void showHigher() { reading_ = left_.level() > right_.level() ? left_.level() : right_.level(); }
 
     LevelDetector left_;

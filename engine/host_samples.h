@@ -38,15 +38,20 @@ VELMORA_KERNEL void readChannel(const Sample* source, double* channel, std::int3
         for (std::int32_t i = 0; i < count; ++i) channel[i] = guardSample(static_cast<double>(source[i]));
 }
 
-/// Widens guarded samples from `start` on to the work channels; a missing source is silence.
+/// Widens guarded samples from `start` on to the work channels; a missing source is silence. Sides of a pair
+/// that have one source, as most have, are read once.
 template <typename Sample, typename Channel>
 void readSamples(const HostSources<Sample>& sources, std::array<Channel, 4>& channels, std::int32_t start,
                  std::int32_t count)
 {
+    const auto repeats = [&](std::size_t c) { return c % 2 != 0 && sources[c] == sources[c - 1]; };
     runWidest([&] {
         for (std::size_t c = 0; c < sources.size(); ++c)
-            readChannel(sources[c] != nullptr ? sources[c] + start : nullptr, channels[c].data(), count);
+            if (!repeats(c))
+                readChannel(sources[c] != nullptr ? sources[c] + start : nullptr, channels[c].data(), count);
     });
+    for (std::size_t c = 1; c < sources.size(); c += 2)
+        if (repeats(c)) std::copy_n(channels[c - 1].data(), count, channels[c].data());
 }
 
 /// Narrows a work channel to an output, if the host has it.

@@ -4,6 +4,7 @@
 #include "engine/audio_record.h"
 #include "params/parameter_ids.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace velmora {
@@ -47,6 +48,10 @@ public:
     /// From here on the module passes audio through, metered.
     virtual void deactivate() = 0;
 
+    /// Modules of one rack share what their level meters found. @param memo outlives the module's processing;
+    /// null for none.
+    void shareLevels(LevelMemo* memo) { levelMemo = memo; }
+
 protected:
     /// Id relative to the window; a meter id gives an offset behind the window's own.
     ParameterId relative(std::uint32_t id) const { return static_cast<ParameterId>(id - windowBase); }
@@ -76,21 +81,31 @@ protected:
 
     /// The same for a whole block, at a fraction of the cost; readings agree but for rounding. A module that
     /// works in place has its input metered before it writes.
-    void meterInBlock(const double* x, std::int32_t frames) { inMeter.processBlock(x, frames, meterRates); }
-    void meterOutBlock(const double* y, std::int32_t frames) { outMeter.processBlock(y, frames, meterRates); }
+    /// Input and output of a mono module at once cost little more than one.
+    void meterBlocks(const double* x, const double* y, std::int32_t frames)
+    {
+        LevelMeter::processBlocks(inMeter, x, outMeter, y, frames, meterRates, levelMemo);
+    }
+    /// The same signal on both sides of the meters.
+    void meterBlocksOnBothSides(const double* x, const double* y, std::int32_t frames)
+    {
+        LevelMeter::processBothSides(inMeter, x, outMeter, y, frames, meterRates, levelMemo);
+    }
     void meterInBlock(const double* left, const double* right, std::int32_t frames)
     {
-        inMeter.processBlock(left, right, frames, meterRates);
+        inMeter.processBlock(left, right, frames, meterRates, levelMemo);
     }
     void meterOutBlock(const double* left, const double* right, std::int32_t frames)
     {
-        outMeter.processBlock(left, right, frames, meterRates);
+        outMeter.processBlock(left, right, frames, meterRates, levelMemo);
     }
 
-    /// Writes y to both channels of output pair 0, if the mask has it.
-    void writeMono(const AudioRecord& out, std::int32_t index, double y) const
+    /// Writes a block from `start` on to both channels of output pair 0, if the mask has it.
+    void writeMono(const AudioRecord& out, std::int32_t start, const double* y, std::int32_t frames) const
     {
-        if ((outputMask & 1) != 0) out.left(0)[index] = out.right(0)[index] = y;
+        if ((outputMask & 1) == 0) return;
+        std::copy_n(y, frames, out.left(0) + start);
+        std::copy_n(y, frames, out.right(0) + start);
     }
 
     /// Answers the first two meter ids. @return false for any other id, `out` untouched.
@@ -121,6 +136,7 @@ protected:
     LevelMeter outMeter;
 
 private:
+    LevelMemo* levelMemo = nullptr;
     LevelRates meterRates;
     double meteredSampleRate = 0.0; ///< the sample rate that the meters' rates are for
 };

@@ -53,7 +53,10 @@ VelmoraMonoEffect::VelmoraMonoEffect(const ModuleFactory& factory)
         inputRecord.channels[c] = outputRecord.channels[c] = blockBuffers[c].data();
     for (const Role role : kConstructionOrder)
         modules.set(role, fixedModules[static_cast<unsigned>(role)].get());
-    modules.forEach([this](Role, StripEffect& module) { module.setSampleRate(sampleRate); });
+    modules.forEach([this](Role, StripEffect& module) {
+        module.shareLevels(&levelMemo);
+        module.setSampleRate(sampleRate);
+    });
     for (ParameterId id = 0; id < kHostParameterCount; ++id) setParameter(id, defaultValue(id));
     order.restorePositions();
     reset();
@@ -153,7 +156,9 @@ void VelmoraMonoEffect::swapInsert(InsertSlot& slot, double value)
         if (StripEffect* module = modules[slot.role]) module->resetMeters();
         return;
     }
-    modules.set(slot.role, slot.choose(code, sampleRate));
+    StripEffect* chosen = slot.choose(code, sampleRate);
+    if (chosen != nullptr) chosen->shareLevels(&levelMemo);
+    modules.set(slot.role, chosen);
     order.requestRebuild();
     updateActivity();
 }

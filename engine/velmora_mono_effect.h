@@ -89,6 +89,7 @@ private:
     AudioRecord inputRecord;
     AudioRecord outputRecord;
 
+    LevelMemo levelMemo; ///< of all modules' meters
     const FixedModules fixedModules;
     InsertSlot insertX;
     InsertSlot insertY;

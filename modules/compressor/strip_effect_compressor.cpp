@@ -180,9 +180,8 @@ void StripEffectCompressor::runMono(Detector KeyChannel::*detector, const AudioR
         const std::int32_t length = std::min(frames - at, kBlockLength);
         const auto count = static_cast<std::size_t>(length);
         block.load(in.left(0) + at, in.left(keyPair()) + at, count);
-        meterInBlock(block.input.data(), length);
         gain = runChannel(channels[0], detector, controls, block, count);
-        meterOutBlock(block.output.data(), length);
+        meterBlocks(block.input.data(), block.output.data(), length);
         if ((outputMask & 1) == 0) continue;
         block.store(out.left(0) + at, monitor != 0, count);
         block.store(out.right(0) + at, monitor != 0, count);

@@ -109,7 +109,6 @@ void StripEffectDeesser::processMono(const AudioRecord& in, const AudioRecord& o
 void StripEffectDeesser::processPiece(const double* input, const AudioRecord& out, std::int32_t start,
                                       std::int32_t frames)
 {
-    meterInBlock(input, frames);
     SibilanceFilters::Bands bands;
     filters.process(input, bands, frames);
     const auto count = static_cast<std::size_t>(frames);
@@ -127,8 +126,8 @@ void StripEffectDeesser::processPiece(const double* input, const AudioRecord& ou
         for (std::size_t i = 0; i < count; ++i) y[i] = bands.low[i] + bands.high[i] * applied[i];
     else
         for (std::size_t i = 0; i < count; ++i) y[i] = input[i] * applied[i];
-    meterOutBlock(y.data(), frames);
-    for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+    meterBlocks(input, y.data(), frames);
+    writeMono(out, start, y.data(), frames);
 }
 
 void StripEffectDeesser::findGains(const double* wide, const double* detected, double* gains,

@@ -126,14 +126,13 @@ void StripEffectDehummer::processMono(const AudioRecord& in, const AudioRecord& 
 void StripEffectDehummer::processPiece(const double* input, const AudioRecord& out, std::int32_t start,
                                        std::int32_t frames)
 {
-    meterInBlock(input, frames);
     std::array<double, kPiece> piece;
     std::copy_n(input, frames, piece.begin());
     comb.process(piece.data(), frames);
     reduction.follow(input, piece.data(), frames);
     if (monitor != 0) listener.process(input, piece.data(), frames, shares);
-    meterOutBlock(piece.data(), frames);
-    for (std::int32_t i = 0; i < frames; ++i) writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+    meterBlocks(input, piece.data(), frames);
+    writeMono(out, start, piece.data(), frames);
     reductionMeter = reduction.reading();
 }
 

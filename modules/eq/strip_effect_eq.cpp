@@ -172,14 +172,11 @@ void StripEffectEq::processFlavour(DeferredFilter<Filter>& deferred, const Audio
     piece.follower.rate = driveRates[static_cast<std::size_t>(Filter::kFlavour) - 1];
     fadeBands(piece);
     moveOutGain(piece);
-    meterInBlock(piece.input, frames);
     deferred.upToDate(bands).process(piece, smoothingStep);
     driveFollower = piece.follower;
     if (analog != 0) eqSaturate(Filter::kFlavour, piece.output, piece.drive, frames);
-    meterOutBlock(piece.output.data(), frames);
-    if ((outputMask & 1) == 0) return;
-    std::copy_n(piece.output.data(), frames, out.left(0));
-    std::copy_n(piece.output.data(), frames, out.right(0));
+    meterBlocks(piece.input, piece.output.data(), frames);
+    writeMono(out, 0, piece.output.data(), frames);
 }
 
 void StripEffectEq::fadeBands(EqPiece& piece)

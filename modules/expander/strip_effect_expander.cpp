@@ -202,7 +202,6 @@ void StripEffectExpander::runMono(const Rule& rule, const AudioRecord& in, const
                                   std::int32_t frames)
 {
     const double* input = in.left(0);
-    meterInBlock(input, input, frames);
     for (std::int32_t start = 0; start < frames; start += kPiece) {
         const std::int32_t length = std::min(kPiece, frames - start);
         const auto count = static_cast<std::size_t>(length);
@@ -219,8 +218,8 @@ void StripEffectExpander::runMono(const Rule& rule, const AudioRecord& in, const
             std::copy_n(keys[0], count, y.begin());
         else
             for (std::size_t i = 0; i < count; ++i) y[i] = x[i] * gain[i];
-        meterOutBlock(y.data(), y.data(), length);
-        for (std::size_t i = 0; i < count; ++i) writeMono(out, start + static_cast<std::int32_t>(i), y[i]);
+        meterBlocksOnBothSides(x, y.data(), length);
+        writeMono(out, start, y.data(), length);
         gainOut = monitorOn != 0 ? kNoReduction : clampUnit(gain[count - 1]);
     }
 }

@@ -141,7 +141,6 @@ void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& o
     if (type == SideChain) return processSideChain(in, out, frames);
 
     const double* input = in.left(0);
-    meterInBlock(input, frames);
     for (std::int32_t start = 0; start < frames; start += kPiece) {
         const std::int32_t count = std::min(kPiece, frames - start);
         std::array<double, kPiece> piece;
@@ -149,9 +148,8 @@ void StripEffectFilters::processMono(const AudioRecord& in, const AudioRecord& o
         FilterRail::Links links;
         const SectionChain<StripFilterSection> chain = rails[Left].chain(type == Pro, piece.data(), links);
         runRails({&chain, 1}, count);
-        meterOutBlock(piece.data(), count);
-        for (std::int32_t i = 0; i < count; ++i)
-            writeMono(out, start + i, piece[static_cast<std::size_t>(i)]);
+        meterBlocks(input + start, piece.data(), count);
+        writeMono(out, start, piece.data(), count);
     }
 }
 

@@ -154,43 +154,43 @@ void StripEffectInput::process(const AudioRecord& in, const AudioRecord& out, st
     outputMask = 1;
     for (std::int32_t start = 0; start < frames; start += kPiece) {
         const int count = std::min(frames - start, kPiece);
-        takeInput(in, start, count, channels);
-        runGain(count, channels);
+        const Sides source{in.left(0) + start, in.right(0) + start};
+        takeInput(source, count, channels);
+        const bool byHand = !agaEnabled;
+        if (byHand)
+            applyGain(source, count, channels);
+        else
+            automateGain(count, channels);
         followGain(count, channels);
         if (analogOn && type != kGainType) emulation.run(rails, count);
-        writeOutput(out, start, count, channels);
+        meter(byHand ? sidesOf(beforeGain) : source, sidesOf(rails), count, channels);
+        writeOutput(out, start, count);
     }
 }
 
-void StripEffectInput::takeInput(const AudioRecord& in, std::int32_t start, int count, Channels channels)
+void StripEffectInput::takeInput(const Sides& source, int count, Channels channels)
 {
-    const double* left = in.left(0) + start;
-    const double* right = in.right(0) + start;
-    if (channels == Channels::Mono) {
-        meterInBlock(left, count);
-        polarity[0].process(left, rails[0].data(), count);
-        rails[1] = rails[0];
-    } else {
-        meterInBlock(left, right, count);
-        polarity[0].process(left, rails[0].data(), count);
-        polarity[1].process(right, rails[1].data(), count);
-    }
+    polarity[0].process(source[0], rails[0].data(), count);
+    if (channels == Channels::Mono)
+        std::copy_n(rails[0].data(), count, rails[1].data());
+    else
+        polarity[1].process(source[1], rails[1].data(), count);
 }
 
-void StripEffectInput::runGain(int count, Channels channels)
+void StripEffectInput::automateGain(int count, Channels channels)
 {
-    if (!agaEnabled) return applyGain(count, channels);
     aga.process(rails, count, channels == Channels::Stereo);
     gainCurrent = aga.gain(); // switching the automatic off keeps what it found
     gainTarget = aga.target();
 }
 
 // The level meters run here too, so at twice the rate while the gain is set by hand.
-void StripEffectInput::applyGain(int count, Channels channels)
+void StripEffectInput::applyGain(const Sides& source, int count, Channels channels)
 {
-    meterIn(count, channels);
+    for (std::size_t rail = 0; rail < beforeGain.size(); ++rail)
+        std::copy_n(rails[rail].data(), count, beforeGain[rail].data());
     glideGain(count);
-    meterOut(count, channels);
+    meter(source, sidesOf(rails), count, channels);
 }
 
 void StripEffectInput::glideGain(int count)
@@ -218,27 +218,17 @@ void StripEffectInput::followGain(int count, Channels channels)
     postGain.follow(higher.data(), count);
 }
 
-void StripEffectInput::writeOutput(const AudioRecord& out, std::int32_t start, int count, Channels channels)
+void StripEffectInput::writeOutput(const AudioRecord& out, std::int32_t start, int count)
 {
     std::copy_n(rails[0].data(), count, out.left(0) + start);
     std::copy_n(rails[1].data(), count, out.right(0) + start);
-    meterOut(count, channels);
 }
 
-void StripEffectInput::meterIn(int count, Channels channels)
+void StripEffectInput::meter(const Sides& before, const Sides& behind, int count, Channels channels)
 {
-    if (channels == Channels::Mono)
-        meterInBlock(rails[0].data(), count);
-    else
-        meterInBlock(rails[0].data(), rails[1].data(), count);
-}
-
-void StripEffectInput::meterOut(int count, Channels channels)
-{
-    if (channels == Channels::Mono)
-        meterOutBlock(rails[0].data(), count);
-    else
-        meterOutBlock(rails[0].data(), rails[1].data(), count);
+    if (channels == Channels::Mono) return meterBlocks(before[0], behind[0], count);
+    meterInBlock(before[0], before[1], count);
+    meterOutBlock(behind[0], behind[1], count);
 }
 
 void StripEffectInput::getMeter(std::uint32_t id, double* out)

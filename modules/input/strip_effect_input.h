@@ -36,6 +36,7 @@ public:
 
 private:
     enum class Channels { Mono, Stereo };
+    using Sides = std::array<const double*, preamp::kRails>;
 
     void setType(double value);
     void setGain(double value);
@@ -44,16 +45,17 @@ private:
     void resetGain();
 
     void process(const AudioRecord& in, const AudioRecord& out, std::int32_t frames, Channels channels);
-    void takeInput(const AudioRecord& in, std::int32_t start, int count, Channels channels);
-    void runGain(int count, Channels channels);
-    void applyGain(int count, Channels channels);
+    void takeInput(const Sides& source, int count, Channels channels);
+    void automateGain(int count, Channels channels);
+    void applyGain(const Sides& source, int count, Channels channels);
     void glideGain(int count);
     void followGain(int count, Channels channels);
-    void writeOutput(const AudioRecord& out, std::int32_t start, int count, Channels channels);
-    void meterIn(int count, Channels channels);
-    void meterOut(int count, Channels channels);
+    void writeOutput(const AudioRecord& out, std::int32_t start, int count);
+    void meter(const Sides& before, const Sides& behind, int count, Channels channels);
+    static Sides sidesOf(const preamp::RailBlocks& blocks) { return {blocks[0].data(), blocks[1].data()}; }
 
     preamp::RailBlocks rails{}; // the piece at work
+    preamp::RailBlocks beforeGain{};
     double gainCoefficient = 0.0;
     preamp::AutomatedGain aga;
     bool agaEnabled = false;

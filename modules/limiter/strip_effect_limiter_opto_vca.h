@@ -54,9 +54,9 @@ protected:
     void processChunks(const AudioRecord& in, const AudioRecord& out, std::int32_t frames, Work work)
     {
         refreshRates();
-        meterInBlock(in.left(0), frames); // before the output takes its place
         for (std::int32_t start = 0; start < frames; start += limiter::kChunk) {
             const std::int32_t count = std::min(frames - start, limiter::kChunk);
+            std::copy_n(in.left(0) + start, count, input.begin()); // the output takes its place
             outputGain.step(chunkRate);
             ceilingInverse.step(chunkRate);
             runWidest([&](auto width) {
@@ -65,7 +65,7 @@ protected:
                 work(width, length);
                 storeChunk(out, start, length);
             });
-            meterOutBlock(played(), count);
+            meterBlocks(input.data(), played(), count);
             reductionMeter.follow(gains.data(), count);
         }
         reductionMeter.show();
@@ -106,6 +106,7 @@ protected:
     limiter::ReductionMeter reductionMeter;
 
     // Room for whole vectors: kernels round the length of a chunk up.
+    std::array<double, limiter::kChunk> input{}; ///< for the meter
     std::array<double, limiter::kChunk> audio{};
     std::array<double, limiter::kChunk> detect{};
     std::array<double, limiter::kChunk> gains{};

@@ -185,7 +185,6 @@ void StripEffectMarlow::runBlock(const double* input, const double* key, const A
     std::copy_n(key + at, count, detected.data());
     detected.closeBehind(count);
     gainDb.closeBehind(count);
-    meterInBlock(x.data(), frames);
     band.advance(smoothingStep, count);
     detect(detected, gainDb, count);
     const auto end = gainDb.begin() + frames;
@@ -194,7 +193,7 @@ void StripEffectMarlow::runBlock(const double* input, const double* key, const A
     aboveBelowIndicator = indicator.value();
 
     const MarlowTrack& heard = monitor != 0 ? detected : x;
-    meterOutBlock(heard.data(), frames);
+    meterBlocks(input + at, heard.data(), frames);
     if ((outputMask & 1) == 0) return;
     std::copy_n(heard.data(), count, out.left(0) + at);
     std::copy_n(heard.data(), count, out.right(0) + at);

@@ -118,13 +118,12 @@ void StripEffectOutput::processMono(const AudioRecord& in, const AudioRecord& ou
     if (frames <= 0) return;
     markBlockStart();
     const double* input = in.left(0);
-    double* result = out.left(0);
-    meterInBlock(input, frames);
+    double* result = out.right(0); // the left one may be the input
     if (!measuresAfterFader()) measure(Left, input, frames);
-    if (result != input) std::copy_n(input, frames, result);
+    std::copy_n(input, frames, result);
     applyFader(result, frames);
-    std::copy_n(result, frames, out.right(0));
-    meterOutBlock(result, frames);
+    meterBlocks(input, result, frames);
+    std::copy_n(result, frames, out.left(0));
     if (measuresAfterFader()) measure(Left, result, frames);
     mirrorLeft();
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iostream>
 #include <limits>
@@ -119,6 +120,71 @@ TEST(LevelDetector, WhatIsNoNumberStaysAsItDoesSampleBySample)
             detector.processBlock(signal.data(), 37, rates);
             EXPECT_TRUE(std::isfinite(detector.level()));
         }
+}
+
+/// Every finite level, and whether it's a number at all.
+void expectAlike(const LevelDetector& detector, const LevelDetector& expected, std::size_t at)
+{
+    if (std::isnan(expected.level()))
+        ASSERT_TRUE(std::isnan(detector.level())) << "sample " << at;
+    else
+        ASSERT_EQ(detector.level(), expected.level()) << "sample " << at;
+}
+
+TEST(LevelDetector, OfAPairEachEndsWhereItWouldAlone)
+{
+    const LevelRates rates = levelMeterRates(48000.0);
+    const Signal a = burstySignal(20000);
+    Signal b(a.rbegin(), a.rend());
+    b[5000] = std::numeric_limits<double>::quiet_NaN();
+    for (const InstructionSet set :
+         {InstructionSet::Baseline, InstructionSet::Avx2, InstructionSet::Avx512}) {
+        if (set > widestInstructionSet()) continue;
+        const HeldInstructionSet held(set);
+        std::array<LevelDetector, 2> pair, alone;
+        std::size_t length = 0;
+        for (std::size_t at = 0; at + 67 < a.size(); at += length) {
+            length = length % 67 + 1;
+            const auto frames = static_cast<std::int32_t>(length);
+            LevelDetector::processBlocks(pair[0], &a[at], pair[1], &b[at], frames, rates);
+            alone[0].processBlock(&a[at], frames, rates);
+            alone[1].processBlock(&b[at], frames, rates);
+            expectAlike(pair[0], alone[0], at);
+            expectAlike(pair[1], alone[1], at);
+        }
+    }
+}
+
+// A rack of modules that pass audio through, change it, sit at another rate or start late, with blocks of all
+// lengths.
+TEST(LevelMemo, GivesEveryDetectorWhatItWouldFindByItself)
+{
+    constexpr std::size_t kModules = 5;
+    const Signal signal = burstySignal(30000);
+    const LevelRates slow = levelMeterRates(48000.0);
+    const LevelRates fast = levelMeterRates(44100.0);
+    std::array<LevelDetector, 2 * kModules> shared, alone;
+    LevelMemo memo;
+    std::size_t length = 0;
+    for (std::size_t at = 0; at + 67 < signal.size(); at += length) {
+        length = length % 67 + 1;
+        const auto frames = static_cast<std::int32_t>(length);
+        Signal x(signal.begin() + static_cast<std::ptrdiff_t>(at),
+                 signal.begin() + static_cast<std::ptrdiff_t>(at + length));
+        if (at > 20000) x[length / 2] = std::numeric_limits<double>::quiet_NaN();
+        for (std::size_t m = 0; m < kModules; ++m) {
+            const LevelRates& rates = m == 3 ? fast : slow;
+            Signal y = x;
+            if (m == 1) y[length - 1] *= 0.5;
+            if (m == 4 && at > 10000 && at < 11000) shared[8] = shared[9] = alone[8] = alone[9] = {};
+            memo.follow(shared[2 * m], x.data(), shared[2 * m + 1], y.data(), frames, rates);
+            alone[2 * m].processBlock(x.data(), frames, rates);
+            alone[2 * m + 1].processBlock(y.data(), frames, rates);
+            expectAlike(shared[2 * m], alone[2 * m], at);
+            expectAlike(shared[2 * m + 1], alone[2 * m + 1], at);
+            x = y;
+        }
+    }
 }
 
 TEST(LevelMeter, MeasuresEachSideByItselfOnceTheyDiffer)
