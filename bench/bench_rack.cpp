@@ -31,9 +31,12 @@ Settings emptyRack()
     return settings;
 }
 
+enum class Noise { Default, AutoMute }; // of the preamps
+
 /// The heaviest variant of every role at work (as bench_modules shows them), and the heaviest of all, the Pre
-/// 60s, in both inserts. Settings are those that cost most when each parameter was tried by itself.
-Settings heaviestRack()
+/// 60s, in both inserts. Settings are those that cost most when each parameter was tried by itself, but for
+/// the preamps' noise.
+Settings heaviestRack(Noise noise)
 {
     constexpr double kVariants = 15.0; // of a fixed role's Type
     constexpr double kOn = 1.0, kSteepest = 1.0, kAutoMute = 0.5;
@@ -43,17 +46,19 @@ Settings heaviestRack()
         std::vector<std::pair<ParameterId, double>> own; // offset in the window, value
     };
     const double pre60s = 2 / 255.0;
+    std::vector<std::pair<ParameterId, double>> preamp;
+    if (noise == Noise::AutoMute) preamp.emplace_back(25, kAutoMute);
     Settings settings;
     for (const auto& [role, type, own] : {
-             Row{Role::Input, 2 / kVariants, {{25, kAutoMute}}},
+             Row{Role::Input, 2 / kVariants, preamp},
              Row{Role::Filters, 3 / kVariants, {{18, kSteepest}, {26, kSteepest}}},
              Row{Role::Expander, 1 / kVariants, {{20, 1.0}, {23, kOn}, {25, kOn}}}, // expands, key filters in
              Row{Role::Compressor, 3 / kVariants, {{kSideChainOffset, kOn}, {18, 0.0}}}, // lowest threshold
              Row{Role::Eq, 3 / kVariants, {}},
              Row{Role::Limiter, 12 / kVariants, {{29, 0.5}}}, // a shape with a curve
              Row{Role::Output, 1 / kVariants, {}},
-             Row{Role::InsertX, pre60s, {{25, kAutoMute}}},
-             Row{Role::InsertY, pre60s, {{25, kAutoMute}}},
+             Row{Role::InsertX, pre60s, preamp},
+             Row{Role::InsertY, pre60s, preamp},
          }) {
         settings.emplace_back(typeId(role), type);
         for (const auto& [offset, value] : own)
@@ -140,11 +145,15 @@ void registerRack(const std::string& name, const Settings& settings, std::int32_
 }
 
 const bool registered = [] {
+    constexpr std::int32_t kFrames = 256;
+    constexpr int kRate = 48000;
     for (const auto& [name, settings] : {std::pair{"empty", emptyRack()}, std::pair{"preset0", Settings{}},
-                                         std::pair{"heaviest", heaviestRack()}})
-        for (const std::int32_t frames : {16, 64, 256, 1024})
-            for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000, 384000})
-                registerRack(name, settings, frames, rate);
+                                         std::pair{"heaviest", heaviestRack(Noise::Default)},
+                                         std::pair{"heaviest_muted", heaviestRack(Noise::AutoMute)}}) {
+        for (const std::int32_t frames : {16, 64, kFrames, 1024}) registerRack(name, settings, frames, kRate);
+        for (const int rate : {44100, 88200, 96000, 176400, 192000, 384000})
+            registerRack(name, settings, kFrames, rate);
+    }
     return true;
 }();
 

@@ -58,8 +58,17 @@ void AutoMute::run(RailBlock& levels, int count, NoiseGenerator& taps)
 template <typename V>
 VELMORA_KERNEL void AutoMute::runBlock(RailBlock& levels, int count, NoiseGenerator& taps)
 {
-    Words words;
-    taps.drawWords(words.data(), count * static_cast<int>(kTaps));
+    DrawnValues<kTaps * kPiece> drawn;
+    taps.drawAhead<V>(drawn, kTaps * static_cast<std::size_t>(count));
+    alignas(64) std::array<Ages, kPiece> ages;
+    const auto putTogether = [&](std::size_t i) VELMORA_KERNEL_LAMBDA {
+        for (std::size_t tap = 0; tap < kTaps; tap += 8) drawn.eightAt((kTaps * i + tap) / 8, &ages[i][tap]);
+    };
+    // Few samples need taps while the noise is open. While it isn't all do, and taken ahead they hold nothing
+    // up; nor does a vector wait for the single words that it loads.
+    const bool ahead = muteEnvelope_ < kThreshold;
+    for (std::size_t i = 0; ahead && i < static_cast<std::size_t>(count); ++i) putTogether(i);
+    for (std::size_t i = 0; ahead && i < static_cast<std::size_t>(count); ++i) toAges<V>(ages[i]);
 
     const auto follow = [attack = muteAttack_, release = muteRelease_](double state,
                                                                        double input) VELMORA_KERNEL_LAMBDA {
@@ -75,7 +84,13 @@ VELMORA_KERNEL void AutoMute::runBlock(RailBlock& levels, int count, NoiseGenera
             lowestWritten_ = std::min(lowestWritten_, muteIndex_);
             double next = follow(envelope, levels[i]);
             // The past can only raise it, and above the threshold it makes no difference.
-            if (!(next > kThreshold)) next = follow(envelope, windowMaximum<V>(levels[i], &words[kTaps * i]));
+            if (!(next > kThreshold)) {
+                if (!ahead) {
+                    putTogether(i);
+                    toAges<V>(ages[i]);
+                }
+                next = follow(envelope, windowMaximum(levels[i], ages[i]));
+            }
             envelope = next > kThreshold ? kThreshold : next;
             levels[i] = envelope / (kThreshold + 0.0000001);
         },
@@ -86,16 +101,20 @@ VELMORA_KERNEL void AutoMute::runBlock(RailBlock& levels, int count, NoiseGenera
     muteFollow_ = states;
 }
 
+// In place, of the words of the taps' generator.
 template <typename V>
-VELMORA_KERNEL double AutoMute::windowMaximum(double level, const std::int64_t* words) const
+VELMORA_KERNEL void AutoMute::toAges(Ages& words) const
 {
-    alignas(64) std::array<std::int64_t, kTaps> ages;
     for (std::size_t tap = 0; tap < kTaps; tap += kLaneCount<V>) {
         MaskOf<V> w;
-        __builtin_memcpy(&w, words + tap, sizeof w);
+        __builtin_memcpy(&w, &words[tap], sizeof w);
         w = wholePart<V>(unitOf<V>(w) * sampleRate_ * kWindow);
-        __builtin_memcpy(&ages[tap], &w, sizeof w);
+        __builtin_memcpy(&words[tap], &w, sizeof w);
     }
+}
+
+VELMORA_KERNEL double AutoMute::windowMaximum(double level, const Ages& ages) const
+{
     std::array<double, 4> highest{level, level, level, level}; // four maxima don't wait for each other
     for (std::size_t tap = 0; tap < kTaps; ++tap) {
         const std::uint32_t slot = (static_cast<std::uint32_t>(ages[tap]) + muteIndex_) & kHistoryMask;

@@ -32,12 +32,13 @@ private:
     static constexpr double kThreshold = 0.001; // -60 dB
     static constexpr double kFlush = 1e-30;     // silence would leave denormals in the followers
 
-    using Words = std::array<std::int64_t, kTaps * kPiece>; // of the taps' generator
+    using Ages = std::array<std::int64_t, kTaps>; // of a sample's taps, in samples
 
     template <typename V>
     VELMORA_KERNEL void runBlock(RailBlock& levels, int count, NoiseGenerator& taps);
     template <typename V>
-    VELMORA_KERNEL double windowMaximum(double level, const std::int64_t* words) const;
+    VELMORA_KERNEL void toAges(Ages& words) const;
+    VELMORA_KERNEL double windowMaximum(double level, const Ages& ages) const;
 
     std::unique_ptr<double[]> muteHistory_;
     std::uint32_t muteIndex_ = kHistoryMask;

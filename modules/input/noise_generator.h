@@ -1,5 +1,7 @@
 #pragma once
 
+#include "modules/input/bit_stream.h"
+#include "modules/input/drawn_values.h"
 #include "modules/input/rails.h"
 
 #include <array>
@@ -12,52 +14,6 @@ struct GeneratorWords {
     std::uint32_t a = 0;
     std::uint32_t b = 0;
     std::uint32_t c = 0;
-};
-
-/// A register as a stream of bits that obeys s(t) = s(t - longLag) ^ s(t - shortLag). A value takes `bits`
-/// new ones and reads the newest 32.
-struct BitStream {
-    int bits;
-    int shortLag;
-    int longLag;
-};
-inline constexpr BitStream kStreamA{13, 19, 28};
-inline constexpr BitStream kStreamB{20, 27, 29};
-inline constexpr BitStream kStreamC{17, 25, 31};
-
-/// The newest 64 bits of the three streams, the newest lowest. Squaring a stream's polynomial doubles its
-/// lags, s(t) = s(t - 2 longLag) ^ s(t - 2 shortLag), so that two values come in one step.
-/// @tparam Word 64 bits unsigned, or a vector of them.
-template <typename Word>
-struct BitStreams {
-    Word a, b, c;
-
-    template <int values>
-    VELMORA_KERNEL void advance()
-    {
-        a = advanced<kStreamA, values>(a);
-        b = advanced<kStreamB, values>(b);
-        c = advanced<kStreamC, values>(c);
-    }
-    /// Values in the lowest 32 bits; those above mean nothing.
-    VELMORA_KERNEL Word newest() const { return a ^ b ^ c; }
-    VELMORA_KERNEL Word beforeNewest() const
-    {
-        return (a >> kStreamA.bits) ^ (b >> kStreamB.bits) ^ (c >> kStreamC.bits);
-    }
-
-private:
-    template <BitStream stream, int values>
-    VELMORA_KERNEL static Word advanced(const Word& w)
-    {
-        constexpr int kBits = values * stream.bits;
-        static_assert(values == 1 || values == 2);
-        static_assert(values * stream.longLag <= 64 && kBits <= values * stream.shortLag);
-        constexpr std::uint64_t kNew = (std::uint64_t{1} << kBits) - 1;
-        return (w << kBits) |
-               (((w >> (values * stream.longLag - kBits)) ^ (w >> (values * stream.shortLag - kBits))) &
-                kNew);
-    }
 };
 
 /// The 32 bits of a generator's value, evenly spread over 0..1.
@@ -78,16 +34,11 @@ public:
     {
     }
 
-    /// Draws values into the lowest 32 bits of `words`; those above mean nothing. @param count even
-    VELMORA_KERNEL void drawWords(std::int64_t* words, int count)
+    /// Draws values without putting them together. @param count a multiple of 8, up to `most`
+    template <typename V, std::size_t most>
+    VELMORA_KERNEL void drawAhead(DrawnValues<most>& values, std::size_t count)
     {
-        BitStreams<std::uint64_t> streams = streams_;
-        for (int i = 0; i < count; i += 2) {
-            streams.advance<2>();
-            words[i] = static_cast<std::int64_t>(streams.beforeNewest());
-            words[i + 1] = static_cast<std::int64_t>(streams.newest());
-        }
-        streams_ = streams;
+        values.template draw<V>(streams_, count);
     }
 
     /// @return the next value, 0 up to 1.

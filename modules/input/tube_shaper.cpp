@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace velmora::preamp {
 
@@ -39,64 +40,75 @@ void TubeShaper::setSampleRate(double hz)
 void TubeShaper::run(RailPiece& signal, int count)
 {
     runWidest([&](auto width) {
-        runUpperHalf<decltype(width)::value>(signal, count);
-        runLowerHalf<decltype(width)::value>(signal, count);
+        runUpperHalf<Lanes<decltype(width)::value>>(signal, count);
+        runLowerHalf<Lanes<decltype(width)::value>>(signal, count);
     });
 }
 
-template <std::size_t width>
+template <typename V>
 VELMORA_KERNEL void TubeShaper::runUpperHalf(RailPiece& signal, int count)
 {
-    using V = Lanes<width>;
     const double attack = attackCoefficient_;
     Rails envelope = upEnvelope_;
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         envelope += (maxLanes(allLanes<Rails>(kFloor), signal[i]) - envelope) * attack;
-        envelope_.put(i, envelope);
+        storeLanes<Rails>(&curves_[kRails * i], upperSlope_ * envelope);
     }
     upEnvelope_ = envelope;
+    takeGains<V>(kRails * static_cast<std::size_t>(count),
+                 [](const V& v) VELMORA_KERNEL_LAMBDA { return atanLanes<V>(v); });
     forEachVector<V>(count, [&](std::size_t at) VELMORA_KERNEL_LAMBDA {
-        signal.putVector<V>(at, upperGain(envelope_.vectorAt<V>(at)) * signal.vectorAt<V>(at));
+        signal.putVector<V>(at, loadLanes<V>(&curves_[at]) * signal.vectorAt<V>(at));
     });
 }
 
-template <std::size_t width>
+// The envelope and its gain hold through the positive half. So a gain is only taken where an envelope moved,
+// after the one that was held when the piece began.
+template <typename V>
 VELMORA_KERNEL void TubeShaper::runLowerHalf(RailPiece& signal, int count)
 {
-    using V = Lanes<width>;
     const double attack = attackCoefficient_;
     Rails envelope = downEnvelope_;
+    std::array<std::uint8_t, kPiece> gainOf; // of each sample
+    std::size_t last = 0;
+    storeLanes<Rails>(&curves_[0], lowerSlope_ * envelope);
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         const Rails y = signal[i];
-        envelope = choose<Rails>(y < -kFloor, envelope - (envelope + y) * attack, envelope);
-        envelope_.put(i, envelope);
+        const MaskOf<Rails> negative = y < -kFloor;
+        envelope = choose<Rails>(negative, envelope - (envelope + y) * attack, envelope);
+        last += static_cast<std::size_t>((negative[0] | negative[1]) & 1);
+        storeLanes<Rails>(&curves_[kRails * last], lowerSlope_ * envelope);
+        gainOf[i] = static_cast<std::uint8_t>(last);
     }
     downEnvelope_ = envelope;
-    forEachVector<V>(count, [&](std::size_t at) VELMORA_KERNEL_LAMBDA {
-        signal.putVector<V>(at, lowerGain(envelope_.vectorAt<V>(at)) * signal.vectorAt<V>(at) * makeUp_);
-    });
+    takeGains<V>(kRails * (last + 1), [](const V& v) VELMORA_KERNEL_LAMBDA { return tanhLanes<V>(v); });
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+        signal.put(i, loadLanes<Rails>(&curves_[kRails * gainOf[i]]) * signal[i] * makeUp_);
 }
 
-template <typename V>
-VELMORA_KERNEL V TubeShaper::upperGain(const V& envelope) const
-{
-    return bentGain<V>(upperSlope_ * envelope, [](const V& v) { return atanLanes<V>(v); });
-}
-
-template <typename V>
-VELMORA_KERNEL V TubeShaper::lowerGain(const V& envelope) const
-{
-    return bentGain<V>(lowerSlope_ * envelope, [](const V& v) { return tanhLanes<V>(v); });
-}
-
-// With p the shape and r its root, (curve(x^p r) / r)^(1 / p) / x in logarithms: two of them and two
-// exponentials in place of two powers and three divisions, a few units of the last place off.
+// Of x in `curves_`, with p the shape and r its root, (curve(x^p r) / r)^(1 / p) / x in logarithms: two of
+// them and two exponentials in place of two powers and three divisions, a few units of the last place off.
+//
+// Each function goes over the block in a pass of its own. The vectors of a pass overlap in the processor,
+// where the functions of one vector would wait for each other.
 template <typename V, typename Curve>
-VELMORA_KERNEL V TubeShaper::bentGain(const V& x, Curve curve) const
+VELMORA_KERNEL void TubeShaper::takeGains(std::size_t count, Curve curve)
 {
-    const V level = logLanes<V>(x);
-    const V bent = logLanes<V>(curve(expLanes<V>(level * shape_) * shapeRoot_) * inverseRoot_);
-    return expLanes<V>(bent * inverseShape_ - level);
+    const auto pass = [count](const Curves& from, Curves& to, auto function) VELMORA_KERNEL_LAMBDA {
+        for (std::size_t at = 0; at < count; at += kLaneCount<V>)
+            storeLanes<V>(&to[at], function(loadLanes<V>(&from[at]), at));
+    };
+    const auto log = [](const V& v, std::size_t) VELMORA_KERNEL_LAMBDA { return logLanes<V>(v); };
+    pass(curves_, levels_, log);
+    pass(levels_, curves_, [&](const V& level, std::size_t) VELMORA_KERNEL_LAMBDA {
+        return expLanes<V>(level * shape_) * shapeRoot_;
+    });
+    pass(curves_, curves_,
+         [&](const V& v, std::size_t) VELMORA_KERNEL_LAMBDA { return curve(v) * inverseRoot_; });
+    pass(curves_, curves_, log);
+    pass(curves_, curves_, [&](const V& bent, std::size_t at) VELMORA_KERNEL_LAMBDA {
+        return expLanes<V>(bent * inverseShape_ - loadLanes<V>(&levels_[at]));
+    });
 }
 
 } // namespace velmora::preamp

@@ -2,12 +2,16 @@
 
 #include "modules/input/rails.h"
 
+#include <array>
+#include <cstddef>
+
 namespace velmora::preamp {
 
 /// Tube stage of the 60s: the halves of the wave are compressed by separate envelopes, the upper along an
 /// arctangent and the lower along a hyperbolic tangent, which makes an asymmetric, level-dependent curve.
 ///
-/// Only the envelopes are serial. The curves are taken over the whole block, in wide vectors.
+/// Only the envelopes are serial. The curves are taken over the whole block, in wide vectors, function by
+/// function.
 class TubeShaper {
 public:
     TubeShaper() { setSampleRate(44100.0); }
@@ -19,16 +23,12 @@ public:
     void run(RailPiece& signal, int count);
 
 private:
-    template <std::size_t width>
+    template <typename V>
     VELMORA_KERNEL void runUpperHalf(RailPiece& signal, int count);
-    template <std::size_t width>
+    template <typename V>
     VELMORA_KERNEL void runLowerHalf(RailPiece& signal, int count);
-    template <typename V>
-    VELMORA_KERNEL V upperGain(const V& envelope) const;
-    template <typename V>
-    VELMORA_KERNEL V lowerGain(const V& envelope) const;
     template <typename V, typename Curve>
-    VELMORA_KERNEL V bentGain(const V& x, Curve curve) const;
+    VELMORA_KERNEL void takeGains(std::size_t count, Curve curve);
 
     double sampleRate_ = 0.0;
     double shape_ = 1.0;
@@ -45,7 +45,11 @@ private:
     double upperSlope_ = 1.0;
     double lowerSlope_ = 1.0;
 
-    RailPiece envelope_; // of each sample
+    // Scratch, rails in turn: the envelopes' curves on their way to gains, and their logarithms. The lower
+    // half takes one pair more than a piece has; the rest fills up the last vector.
+    using Curves = std::array<double, kRails*(kPiece + 4)>;
+    alignas(64) Curves curves_{};
+    alignas(64) Curves levels_{};
 };
 
 } // namespace velmora::preamp

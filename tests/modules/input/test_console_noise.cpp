@@ -170,6 +170,22 @@ TEST(ConsoleNoise, OffIsSilentAndLimitsNoBandwidth)
     EXPECT_LT(db(gain(kNoiseOn) / gain(0.0)), -0.5);
 }
 
+TEST(ConsoleNoise, ValuesDrawnAheadAreThoseDrawnOneByOne)
+{
+    const preamp::GeneratorWords seed{11731, 19763, 767};
+    preamp::NoiseGenerator ahead(seed), single(seed);
+    preamp::DrawnValues<1024> drawn;
+    for (std::size_t count = 8; count <= 1024; count += 8) { // goes on behind stretches of all lengths
+        ahead.drawAhead<Lanes2>(drawn, count);
+        for (std::size_t i = 0; i < count; i += 8) {
+            std::array<std::int64_t, 8> words;
+            drawn.eightAt(i / 8, words.data());
+            for (const std::int64_t w : words)
+                ASSERT_EQ(preamp::unitOf<Lanes2>(LaneWords<2>{w, 0})[0], single.next()) << count << ", " << i;
+        }
+    }
+}
+
 TEST(ConsoleNoise, AutoMuteGainIsTheLevelOverSixtyDecibels)
 {
     preamp::NoiseGenerator taps({1, 2, 3});
