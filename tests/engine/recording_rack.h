@@ -52,8 +52,10 @@ public:
         note("process ", frames);
         seen = {in.left(0)[0], in.right(0)[0], in.left(1)[0], in.right(1)[0]};
         if (active == 0) return;
-        for (std::int32_t i = 0; i < frames; ++i)
-            writeMono(out, i, last = gain * in.left(0)[i] + offset + memory * last);
+        for (std::int32_t i = 0; i < frames; ++i) {
+            last = gain * in.left(0)[i] + offset + memory * last;
+            writeMono(out, i, &last, 1);
+        }
     }
     void getMeter(std::uint32_t id, double* out) override
     {
