@@ -1,6 +1,5 @@
 #include "bench/module_bench.h"
 #include "dsp/level_meter.h"
-#include "dsp/rise_fall_follower.h"
 #include "dsp/strip_biquad.h"
 #include "tests/plain/level_detector.h"
 
@@ -86,19 +85,6 @@ void redesign(benchmark::State& run)
     }
 }
 BENCHMARK(redesign)->ArgName("kind")->DenseRange(1, 10);
-
-void riseFallFollower(benchmark::State& run)
-{
-    const std::array<double, kBlock> input = tone();
-    RiseFallFollower follower;
-    follower.setRiseCoefficient(0.001);
-    for (auto _ : run) {
-        follower.process(input.data(), kBlock);
-        benchmark::DoNotOptimize(follower);
-    }
-    reportPerSample(run, kBlock);
-}
-BENCHMARK(riseFallFollower);
 
 template <typename Follow>
 void levelDetector(benchmark::State& run, Follow follow)

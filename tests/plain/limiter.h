@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dsp/one_pole.h"
-#include "dsp/rise_fall_follower.h"
+#include "tests/plain/rise_fall_follower.h"
 #include "dsp/strip_biquad.h"
 #include "modules/limiter/brickwall_detector.h"
 #include "modules/limiter/glided_gain.h"
