@@ -41,9 +41,10 @@ void perValue(benchmark::State& run, Function function)
         }                                                                                                    \
     })->Name(label "/libm");                                                                                 \
     BENCHMARK_CAPTURE(perValue, label, [](const Values& in, Values& out) {                                   \
-        runWidest([&](auto width) {                                                                          \
+        runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {                                                    \
             using V = Lanes<width>;                                                                          \
-            mapLanes<V>(in.data(), out.data(), kBlock, [](const V& x) { return LANES; });                    \
+            mapLanes<V>(in.data(), out.data(), kBlock,                                                       \
+                        [](const V& x) VELMORA_KERNEL_LAMBDA { return LANES; });                             \
         });                                                                                                  \
     })->Name(label "/lanes")
 

@@ -162,7 +162,7 @@ struct VectorPlan {
 template <std::size_t count, typename F>
 VELMORA_KERNEL void forEachFromLast(F f)
 {
-    [&]<std::size_t... k>(std::index_sequence<k...>) __attribute__((always_inline))
+    [&]<std::size_t... k>(std::index_sequence<k...>) VELMORA_KERNEL_LAMBDA
     {
         (f(std::integral_constant<std::size_t, count - 1 - k>{}), ...);
     }
@@ -190,9 +190,8 @@ VELMORA_KERNEL void runLanes(LanePlan<Section, mostLanes>& plan)
     }
 
     const std::int32_t frames = plan.frames;
-    const auto step = [&](auto v, std::int32_t n, std::int32_t sample, const auto& begun, const auto& due)
-        __attribute__((always_inline))
-    {
+    const auto step = [&](auto v, std::int32_t n, std::int32_t sample, const auto& begun,
+                          const auto& due) VELMORA_KERNEL_LAMBDA {
         V before{};
         if constexpr (v > 0) before = lanes[v - 1].y1();
         const V fresh = loadLanes<V>(plans[v].fed + static_cast<std::size_t>(sample) * kWidth);
@@ -201,19 +200,16 @@ VELMORA_KERNEL void runLanes(LanePlan<Section, mostLanes>& plan)
             storeLanes(plans[v].outputs + static_cast<std::size_t>(n) * kWidth, lanes[v].y1());
     };
     // Some lanes haven't begun, or are through.
-    const auto stepSome = [&](std::int32_t n) __attribute__((always_inline))
-    {
-        forEachFromLast<vectors>([&](auto v) __attribute__((always_inline)) {
+    const auto stepSome = [&](std::int32_t n) VELMORA_KERNEL_LAMBDA {
+        forEachFromLast<vectors>([&](auto v) VELMORA_KERNEL_LAMBDA {
             if (n < plans[v].firstDelay || n > frames + plans[v].lastDelay) return;
             const MaskOf<V> sample = n - plans[v].delays;
             step(v, n, std::min(n, frames - 1), inside<V>(sample, frames), inside<V>(sample - 1, frames));
         });
     };
-    const auto stepAll = [&](std::int32_t n) __attribute__((always_inline))
-    {
-        forEachFromLast<vectors>([&](auto v) __attribute__((always_inline)) {
-            step(v, n, n, EveryLane{}, EveryLane{});
-        });
+    const auto stepAll = [&](std::int32_t n) VELMORA_KERNEL_LAMBDA {
+        forEachFromLast<vectors>([&](auto v)
+                                     VELMORA_KERNEL_LAMBDA { step(v, n, n, EveryLane{}, EveryLane{}); });
     };
     for (std::int32_t n = 0; n <= frames + plan.lastDelay; ++n) {
         if (n == plan.lastDelay + 1)
@@ -230,7 +226,7 @@ VELMORA_KERNEL void runLanes(LanePlan<Section, mostLanes>& plan)
 template <template <typename V, SectionMotion motion> typename LanesOf, std::size_t groups, typename Plan>
 void runGroups(Plan& plan)
 {
-    runWidest([&plan](auto width) {
+    runWidest([&plan](auto width) VELMORA_KERNEL_LAMBDA {
         constexpr std::size_t kWidth = std::min<std::size_t>(width, kWidestLanes);
         constexpr std::size_t kVectors = groups * kWidestLanes / kWidth;
         using V = Lanes<kWidth>;

@@ -1,18 +1,15 @@
 #pragma once
 
+#include "dsp/kernel.h"
+
 #include <cstddef>
 #include <cstdint>
 
 /// Vectors of doubles for the kernels, on the compiler's vector extensions: arithmetic and comparison
 /// operators work lane by lane, in the order written, and give in each lane the bits that a scalar would
-/// give. Everything is inlined by force, so that a kernel takes the instruction set of the caller that
-/// `runWidest` chose; nothing of it may be called out of line.
-#define VELMORA_KERNEL inline __attribute__((always_inline))
-
-/// Stands behind the parameters of a lambda that a kernel calls. One that stays a function of its own would
-/// keep the variables that it captured in memory, and a recursion's state on the way through it.
-#define VELMORA_KERNEL_LAMBDA __attribute__((always_inline))
-
+/// give. All that takes or returns one is a VELMORA_KERNEL or VELMORA_KERNEL_LAMBDA: a function left out of
+/// line would hand the vector over in another way than its caller expects, and the compiler's warning of it
+/// is off.
 namespace velmora {
 
 /// `count` doubles side by side; 2, 4 or 8. Narrower machines run the arithmetic of a wide one in halves, but

@@ -72,7 +72,7 @@ VELMORA_KERNEL std::size_t followGroups(const double* x, std::size_t frames, dou
                        offsets);
 #pragma GCC unroll 4
         for (std::size_t group = 0; group < groups; ++group) {
-            const auto line = [&](std::size_t rises) {
+            const auto line = [&](std::size_t rises) VELMORA_KERNEL_LAMBDA {
                 return level * rates.groupKeep[rises] + offsets[rises][group];
             };
             level = higher(higher(higher(line(0), line(1)), higher(line(2), line(3))), line(4));
@@ -129,7 +129,7 @@ VELMORA_KERNEL Lanes2 followPair(const double* a, const double* b, std::size_t f
                        rates, offsets);
 #pragma GCC unroll 2
         for (std::size_t group = 0; group < groups; ++group) {
-            const auto line = [&](std::size_t rises) {
+            const auto line = [&](std::size_t rises) VELMORA_KERNEL_LAMBDA {
                 return levels * rates.groupKeep[rises] + pairOf(offsets[rises], group);
             };
             levels = maxLanes(maxLanes(maxLanes(line(0), line(1)), maxLanes(line(2), line(3))), line(4));
@@ -157,8 +157,9 @@ void LevelDetector::processBlock(const double* x, std::int32_t frames, const Lev
 {
     if (frames <= 0) return;
     double level = level_;
-    runWidest(
-        [&](auto width) { level = followBlock<width>(x, static_cast<std::size_t>(frames), level, rates); });
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
+        level = followBlock<width>(x, static_cast<std::size_t>(frames), level, rates);
+    });
     land(level, x, frames, rates);
 }
 
@@ -169,7 +170,7 @@ void LevelDetector::processBlocks(LevelDetector& left, const double* xLeft, Leve
     const auto count = static_cast<std::size_t>(frames);
     Lanes2 levels{left.level_, right.level_};
     bool same = left == right;
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         same = same && (xLeft == xRight || sameSamples(xLeft, xRight, count));
         if (same)
             levels[0] = followBlock<width>(xLeft, count, levels[0], rates);

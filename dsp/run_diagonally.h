@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dsp/kernel.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -10,10 +12,10 @@ namespace velmora {
 /// sample by sample, but the stages of a step don't wait for each other, which is what a chain costs.
 /// @param stage called with (k, sample index).
 template <std::size_t stages, typename Stage>
-void runDiagonally(std::int32_t frames, Stage stage)
+VELMORA_KERNEL void runDiagonally(std::int32_t frames, Stage stage)
 {
     constexpr auto kLast = static_cast<std::int32_t>(stages) - 1;
-    const auto step = [&](std::int32_t n, std::int32_t first, std::int32_t last) {
+    const auto step = [&](std::int32_t n, std::int32_t first, std::int32_t last) VELMORA_KERNEL_LAMBDA {
         for (std::int32_t k = first; k <= last; ++k) stage(static_cast<std::size_t>(k), n - k);
     };
     std::int32_t n = 0;

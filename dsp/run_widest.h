@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dsp/kernel.h"
+
 #include <cstddef>
 #include <type_traits>
 
@@ -40,7 +42,7 @@ using LaneWidth = std::integral_constant<std::size_t, count>;
 namespace detail {
 
 template <std::size_t width, typename Kernel>
-inline __attribute__((always_inline)) void callKernel(Kernel& kernel)
+VELMORA_KERNEL void callKernel(Kernel& kernel)
 {
     if constexpr (std::is_invocable_v<Kernel&, LaneWidth<width>>)
         kernel(LaneWidth<width>{});
@@ -71,7 +73,10 @@ __attribute__((flatten, noinline)) void runBaseline(Kernel& kernel)
 } // namespace detail
 
 /// Runs a kernel, compiled for the instruction set in use. The kernel and all it calls are inlined into one
-/// function per set: keep them free of calls to other translation units, but for libm.
+/// function per set: keep them free of calls to other translation units, but for libm. `flatten` alone
+/// doesn't see to that in every build, so all of it is a VELMORA_KERNEL or VELMORA_KERNEL_LAMBDA: a function
+/// left out of line would hand a vector over in another way than its caller expects, and the compiler's
+/// warning is off.
 /// @param kernel callable over one block, most often a lambda; without arguments, or with a `LaneWidth` of
 /// 2, 4 or 8, the native one of the set.
 template <typename Kernel>

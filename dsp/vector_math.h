@@ -316,13 +316,12 @@ VELMORA_KERNEL V atanLanes(const V& x)
     V head{};
     V tail{};
     const auto from = [&](double edge, double newPoint, double newHead, double newTail)
-        __attribute__((always_inline))
-    {
-        const MaskOf<V> within = a >= edge;
-        point = choose<V>(within, allLanes<V>(newPoint), point);
-        head = choose<V>(within, allLanes<V>(newHead), head);
-        tail = choose<V>(within, allLanes<V>(newTail), tail);
-    };
+                          VELMORA_KERNEL_LAMBDA {
+                              const MaskOf<V> within = a >= edge;
+                              point = choose<V>(within, allLanes<V>(newPoint), point);
+                              head = choose<V>(within, allLanes<V>(newHead), head);
+                              tail = choose<V>(within, allLanes<V>(newTail), tail);
+                          };
     from(7.0 / 16.0, 0.5, 0.4636476090008061, 2.2698777452961687e-17);
     from(11.0 / 16.0, 1.0, 0.7853981633974483, 3.061616997868383e-17);
     from(19.0 / 16.0, 1.5, 0.982793723247329, 1.3903311031230998e-17);

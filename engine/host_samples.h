@@ -44,8 +44,9 @@ template <typename Sample, typename Channel>
 void readSamples(const HostSources<Sample>& sources, std::array<Channel, 4>& channels, std::int32_t start,
                  std::int32_t count)
 {
-    const auto repeats = [&](std::size_t c) { return c % 2 != 0 && sources[c] == sources[c - 1]; };
-    runWidest([&] {
+    const auto repeats = [&](std::size_t c)
+                             VELMORA_KERNEL_LAMBDA { return c % 2 != 0 && sources[c] == sources[c - 1]; };
+    runWidest([&]() VELMORA_KERNEL_LAMBDA {
         for (std::size_t c = 0; c < sources.size(); ++c)
             if (!repeats(c))
                 readChannel(sources[c] != nullptr ? sources[c] + start : nullptr, channels[c].data(), count);

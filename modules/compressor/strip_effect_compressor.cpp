@@ -143,7 +143,7 @@ double StripEffectCompressor::runChannel(KeyChannel& channel, Detector KeyChanne
                                          std::size_t frames) const
 {
     double last = 1.0;
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
         const BlockCoefficients c = coefficients; // what the loops touch stays in registers
         KeyHighPass highPass = channel.highPass;
@@ -151,8 +151,7 @@ double StripEffectCompressor::runChannel(KeyChannel& channel, Detector KeyChanne
         CompressorControls controlsOf = to;
         V gains{};
         controlsOf.begin(c.s);
-        const auto group = [&](std::size_t at, std::size_t count) __attribute__((always_inline))
-        {
+        const auto group = [&](std::size_t at, std::size_t count) VELMORA_KERNEL_LAMBDA {
             const V x = loadLanes<V>(&block.input[at]);
             const ControlValues<V> values = controlsOf.advance<V>(c.s, count);
             const V d = highPass.process<V>(loadLanes<V>(&block.key[at]), count, c.hpCoefficient);

@@ -143,9 +143,10 @@ void StripEffectDeesser::findGains(const double* wide, const double* detected, d
     }
     levels = followed;
     gainComputer = computer;
-    runWidest([=](auto width) {
+    runWidest([=](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
-        mapLanes<V>(gains, gains, count, [&](const V& ratio) { return computer.template gain<V>(ratio); });
+        mapLanes<V>(gains, gains, count,
+                    [&](const V& ratio) VELMORA_KERNEL_LAMBDA { return computer.template gain<V>(ratio); });
     });
 }
 

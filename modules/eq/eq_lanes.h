@@ -134,8 +134,7 @@ VELMORA_KERNEL void runLate(std::int32_t frames, const std::array<Mask, groups>&
                             std::int32_t lastDelay, Step step)
 {
     std::array<Mask, groups> due{};
-    const auto stepSome = [&](std::int32_t n) __attribute__((always_inline))
-    {
+    const auto stepSome = [&](std::int32_t n) VELMORA_KERNEL_LAMBDA {
         std::array<Mask, groups> begun;
         for (std::size_t g = 0; g < groups; ++g) {
             const Mask sample = n - delays[g];
@@ -178,7 +177,7 @@ template <typename Kernel>
 bool runSofteningLanes(bool gliding, bool softens, Kernel kernel)
 {
     bool result = false;
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = EqVector<decltype(width)::value>;
         if (gliding && softens)
             result = kernel.template operator()<V, SectionMotion::Gliding, true>();

@@ -43,7 +43,7 @@ void saturate(EqPiece::Row& audio, EqPiece::Row& drive, std::size_t frames)
     constexpr auto kIndex = static_cast<std::size_t>(flavour) - 1;
     EqPiece::Row bent{};
     for (std::size_t n = 0; n < frames; ++n) bent[n] = curve<flavour>(drive[n]);
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<decltype(width)::value>;
         constexpr std::size_t kWidth = kLaneCount<V>;
         static_assert(EqPiece::kMaxFrames % kWidth == 0);

@@ -90,11 +90,10 @@ VELMORA_KERNEL double JuniperFilter::addBack(double x, const Parts& parts, const
 
 bool JuniperFilter::runInLanes(EqPiece& piece, const Weights& weights)
 {
-    return runSofteningLanes(
-        anyGlides(splits_),
-        softens_, [&]<typename V, SectionMotion motion, bool softens>() __attribute__((always_inline)) {
-            return runLanes<V, motion, softens>(piece, weights);
-        });
+    return runSofteningLanes(anyGlides(splits_), softens_,
+                             [&]<typename V, SectionMotion motion, bool softens>() VELMORA_KERNEL_LAMBDA {
+                                 return runLanes<V, motion, softens>(piece, weights);
+                             });
 }
 
 // The second sections of the bells take in what the first ones left two steps before.
@@ -115,14 +114,12 @@ VELMORA_KERNEL bool JuniperFilter::runLanes(EqPiece& piece, const Weights& weigh
     EqPieceWriter writer(piece);
     std::array<V, kGroups> in, left{};
     V earlier{}, earliest{}; // what the outer bands left one and two steps before
-    const auto write = [&](std::int32_t n) __attribute__((always_inline))
-    {
+    const auto write = [&](std::int32_t n) VELMORA_KERNEL_LAMBDA {
         const Parts parts{earliest[0], earliest[1], left[kFirstLate][0], left[kFirstLate][1]};
         const auto at = static_cast<std::size_t>(n);
         writer.write(n, addBack(piece.input[at], parts, weights, at));
     };
-    const auto step = [&](std::int32_t n, const auto& begun, const auto& due) __attribute__((always_inline))
-    {
+    const auto step = [&](std::int32_t n, const auto& begun, const auto& due) VELMORA_KERNEL_LAMBDA {
         if (n > kDelay + 1) write(n - 2 - kDelay); // a step late, so that nothing waits for it
         for (V& lane : in) lane = allLanes<V>(piece.input[std::min(n, lastFrame)]);
         if constexpr (kWidth == 2)

@@ -52,8 +52,7 @@ VELMORA_KERNEL bool runSeriesInLanes(EqPiece& piece, std::array<Section, count>&
     std::array<V, kGroups> mix, out{};
     std::array<MaskOf<V>, kGroups> delays;
     // Of the samples whose outputs come with step n.
-    const auto takeMix = [&](std::int32_t n) __attribute__((always_inline))
-    {
+    const auto takeMix = [&](std::int32_t n) VELMORA_KERNEL_LAMBDA {
         for (std::size_t k = 0; k < count; ++k) {
             const std::int32_t sample = n - 1 - kDelay * static_cast<std::int32_t>(k);
             mix[k / kWidth][k % kWidth] =
@@ -67,12 +66,9 @@ VELMORA_KERNEL bool runSeriesInLanes(EqPiece& piece, std::array<Section, count>&
     EqLanes<V, kGroups, motion, softens> lanes;
     lanes.load(chain);
     EqPieceWriter writer(piece);
-    const auto write = [&](std::int32_t n) __attribute__((always_inline))
-    {
-        writer.write(n, out[kGroups - 1][kWidth - 1]);
-    };
-    const auto step = [&](std::int32_t n, const auto& begun, const auto& due) __attribute__((always_inline))
-    {
+    const auto write = [&](std::int32_t n)
+                           VELMORA_KERNEL_LAMBDA { writer.write(n, out[kGroups - 1][kWidth - 1]); };
+    const auto step = [&](std::int32_t n, const auto& begun, const auto& due) VELMORA_KERNEL_LAMBDA {
         if (n > kLastDelay + 1) write(n - 2 - kLastDelay); // a step late, so that nothing waits for it
         std::array<V, kGroups> in;
         V before = allLanes<V>(piece.input[std::min(n, lastFrame)]);

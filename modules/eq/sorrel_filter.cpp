@@ -36,7 +36,7 @@ bool SorrelFilter::runInLanes(EqPiece& piece)
 {
     const bool gliding = anyGlides(chain_);
     bool sound = false;
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = EqVector<decltype(width)::value>;
         if (limits_)
             sound = runSeriesInLanes<V, SectionMotion::Limited, false>(piece, chain_);

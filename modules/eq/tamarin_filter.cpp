@@ -46,11 +46,10 @@ void TamarinFilter::process(EqPiece& piece, double)
 
 bool TamarinFilter::runInLanes(EqPiece& piece)
 {
-    return runSofteningLanes(
-        anyGlides(chain_),
-        softens_, [&]<typename V, SectionMotion motion, bool softens>() __attribute__((always_inline)) {
-            return runSeriesInLanes<V, motion, softens>(piece, chain_);
-        });
+    return runSofteningLanes(anyGlides(chain_), softens_,
+                             [&]<typename V, SectionMotion motion, bool softens>() VELMORA_KERNEL_LAMBDA {
+                                 return runSeriesInLanes<V, motion, softens>(piece, chain_);
+                             });
 }
 
 } // namespace velmora

@@ -55,9 +55,9 @@ struct ExpanderRule {
             std::fill_n(levels, count, 1.0);
             return;
         }
-        runWidest([=, e = exponent](auto width) {
+        runWidest([=, e = exponent](auto width) VELMORA_KERNEL_LAMBDA {
             using V = Lanes<width>;
-            mapLanes<V>(levels, levels, count, [e](const V& level) {
+            mapLanes<V>(levels, levels, count, [e](const V& level) VELMORA_KERNEL_LAMBDA {
                 return choose<V>(level >= 1.0, allLanes<V>(1.0), powLanes<V>(level, allLanes<V>(e)));
             });
         });

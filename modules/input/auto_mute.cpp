@@ -52,7 +52,8 @@ void AutoMute::reset(double sampleRate)
 
 void AutoMute::run(RailBlock& levels, int count, NoiseGenerator& taps)
 {
-    runWidest([&](auto width) { runBlock<Lanes<decltype(width)::value>>(levels, count, taps); });
+    runWidest([&](auto width)
+                  VELMORA_KERNEL_LAMBDA { runBlock<Lanes<decltype(width)::value>>(levels, count, taps); });
 }
 
 template <typename V>

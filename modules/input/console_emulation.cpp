@@ -113,16 +113,16 @@ void ConsoleEmulation::setNoiseLevel(double v)
 void ConsoleEmulation::run(RailBlocks& blocks, int count)
 {
     moveSmoothers();
-    runWidest([&] { takeInput(blocks, count); });
+    runWidest([&]() VELMORA_KERNEL_LAMBDA { takeInput(blocks, count); });
     if (noiseMode_ != NoiseMode::Off) setNoiseGains(count);
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         runStage1<Lanes<decltype(width)::value>>(count);
         runStage2(count);
     });
     if (emulation_ == kPre60s) tubes_.run(signal_, count);
     if (emulation_ == kAdc90s)
         converter_.process(signal_, count, generators_[0], saturation_, blockCoefficient_);
-    runWidest([&] { writeOutput(blocks, count); });
+    runWidest([&]() VELMORA_KERNEL_LAMBDA { writeOutput(blocks, count); });
 }
 
 // Once per piece.

@@ -56,7 +56,7 @@ public:
         BitStreams<std::uint64_t>& l = rails[0].streams_;
         BitStreams<std::uint64_t>& r = rails[1].streams_;
         BitStreams<Words> both{{l.a, r.a}, {l.b, r.b}, {l.c, r.c}};
-        const auto put = [&](int i, const Words& words) {
+        const auto put = [&](int i, const Words& words) VELMORA_KERNEL_LAMBDA {
             piece.put(static_cast<std::size_t>(i),
                       2.0 * unitOf<Rails>(reinterpret_cast<MaskOf<Rails>>(words)) - 1.0);
         };

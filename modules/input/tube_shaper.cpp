@@ -39,7 +39,7 @@ void TubeShaper::setSampleRate(double hz)
 
 void TubeShaper::run(RailPiece& signal, int count)
 {
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         runUpperHalf<Lanes<decltype(width)::value>>(signal, count);
         runLowerHalf<Lanes<decltype(width)::value>>(signal, count);
     });

@@ -31,7 +31,7 @@ void VintageConverter::process(RailPiece& signal, int count, NoiseGenerator& jit
                                double meterShare)
 {
     double level = meter.level();
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         RailPiece instants;
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
             instants.put(i, allLanes<Rails>(jitter.next() * kJitterSpan + kJitterStart));

@@ -65,7 +65,7 @@ inline constexpr std::array<ConverterSegment, 6> kConverterSegments{
 template <const auto& table, typename Body>
 VELMORA_KERNEL void forEachOf(Body body)
 {
-    [&]<std::size_t... i>(std::index_sequence<i...>)
+    [&]<std::size_t... i>(std::index_sequence<i...>) VELMORA_KERNEL_LAMBDA
     {
         (body(table[i]), ...);
     }
@@ -78,7 +78,7 @@ template <typename V>
 VELMORA_KERNEL MaskOf<V> VintageConverter::approximate(V w)
 {
     MaskOf<V> code{};
-    const auto tryBit = [&](double weight) {
+    const auto tryBit = [&](double weight) VELMORA_KERNEL_LAMBDA {
         const MaskOf<V> fits = w >= weight;
         w = choose<V>(fits, w - weight, w);
         code = (code << 1) - fits;
@@ -93,7 +93,7 @@ VELMORA_KERNEL MaskOf<V> VintageConverter::requantise(const MaskOf<V>& c)
     const MaskOf<V> negative = c < 0;
     const MaskOf<V> n = c ^ negative; // negative values lie one below,
     MaskOf<V> step = 1 - MaskOf<V>{};
-    const auto tryFrom = [&](const detail::ConverterSegment& segment) {
+    const auto tryFrom = [&](const detail::ConverterSegment& segment) VELMORA_KERNEL_LAMBDA {
         step = n >= segment.base - negative ? segment.step - MaskOf<V>{} : step; // and so do their segments
     };
     detail::forEachOf<detail::kConverterSegments>(tryFrom);

@@ -130,16 +130,18 @@ template <typename V>
 inline void BrickWallDetector::process(const double* detect, double* gains, std::size_t count,
                                        double ceilingInverse, std::int32_t mode, bool soft)
 {
-    const auto run = [&](auto follow) { followLevels(detect, gains, count, ceilingInverse, follow); };
+    const auto run = [&](auto follow) VELMORA_KERNEL_LAMBDA {
+        followLevels(detect, gains, count, ceilingInverse, follow);
+    };
     using D = BrickWallDetector;
     if (mode == 0)
-        run([](D& d, double level) { return d.followSquare(level); });
+        run([](D& d, double level) VELMORA_KERNEL_LAMBDA { return d.followSquare(level); });
     else if (mode == 1)
-        run([](D& d, double level) { return d.followSingle(level); });
+        run([](D& d, double level) VELMORA_KERNEL_LAMBDA { return d.followSingle(level); });
     else
-        run([](D& d, double level) { return d.followCascade(level); });
+        run([](D& d, double level) VELMORA_KERNEL_LAMBDA { return d.followCascade(level); });
     constexpr double kGainGuard = 1e-6;
-    mapLanes<V>(gains, gains, count, [](const V& level) { return level + kGainGuard; });
+    mapLanes<V>(gains, gains, count, [](const V& level) VELMORA_KERNEL_LAMBDA { return level + kGainGuard; });
     if (soft)
         kneeGains<V>(gains, count);
     else

@@ -97,15 +97,16 @@ inline void Emphasis::runPre(double* detect, double* audio, std::size_t count, F
     pre.feedForward<V>(audio, audioHistory, audioForward.data(), count);
     SectionHistory side = sideHistory; // locals stay in registers
     SectionHistory main = audioHistory;
-    runDiagonally<stages + 1>(static_cast<std::int32_t>(count), [&](std::size_t stage, std::int32_t index) {
-        const auto i = static_cast<std::size_t>(index);
-        if (stage > 0) {
-            follow(stage - 1, i);
-        } else {
-            detect[i] = pre.feedBack<kHealing>(sideForward[i], i, side);
-            audio[i] = pre.feedBack<kHealing>(audioForward[i], i, main);
-        }
-    });
+    runDiagonally<stages + 1>(static_cast<std::int32_t>(count),
+                              [&](std::size_t stage, std::int32_t index) VELMORA_KERNEL_LAMBDA {
+                                  const auto i = static_cast<std::size_t>(index);
+                                  if (stage > 0) {
+                                      follow(stage - 1, i);
+                                  } else {
+                                      detect[i] = pre.feedBack<kHealing>(sideForward[i], i, side);
+                                      audio[i] = pre.feedBack<kHealing>(audioForward[i], i, main);
+                                  }
+                              });
     sideHistory = side;
     audioHistory = main;
 }

@@ -17,8 +17,9 @@ namespace velmora::limiter {
 template <typename V>
 VELMORA_KERNEL void hardGains(double* levels, std::size_t count)
 {
-    mapLanes<V>(levels, levels, count,
-                [](const V& t) { return choose<V>(t >= 1.0, 1.0 / t, allLanes<V>(1.0)); });
+    mapLanes<V>(levels, levels, count, [](const V& t) VELMORA_KERNEL_LAMBDA {
+        return choose<V>(t >= 1.0, 1.0 / t, allLanes<V>(1.0));
+    });
 }
 
 /// The same with a knee along a hyperbolic tangent. @param levels a chunk at most

@@ -97,7 +97,7 @@ template <typename V>
 inline void GlidedSection::feedForward(const double* x, SectionHistory& history, double* forward,
                                        std::size_t count) const
 {
-    const auto sum = [&](auto coefficient) {
+    const auto sum = [&](auto coefficient) VELMORA_KERNEL_LAMBDA {
         const BiquadCoefficients& rest = glide.target();
         V before0 = allLanes<V>(history.x1); // last lanes count: x0 and x1 of the sample before these
         V before1 = allLanes<V>(history.x2);
@@ -112,11 +112,12 @@ inline void GlidedSection::feedForward(const double* x, SectionHistory& history,
         }
     };
     if (gliding)
-        sum([](double, const Samples& moving, std::size_t i) { return loadLanes<V>(moving.data() + i); });
+        sum([](double, const Samples& moving, std::size_t i)
+                VELMORA_KERNEL_LAMBDA { return loadLanes<V>(moving.data() + i); });
     else
-        sum([](double rest, const Samples&, std::size_t) { return allLanes<V>(rest); });
+        sum([](double rest, const Samples&, std::size_t) VELMORA_KERNEL_LAMBDA { return allLanes<V>(rest); });
 
-    const auto healed = [](double v) { return v == v ? v : 0.0; };
+    const auto healed = [](double v) VELMORA_KERNEL_LAMBDA { return v == v ? v : 0.0; };
     history.x2 = count > 1 ? healed(x[count - 2]) : history.x1;
     history.x1 = healed(x[count - 1]);
 }
@@ -142,14 +143,15 @@ inline void GlidedSection::run(double* samples, std::size_t count, SectionHistor
     advance(count);
     feedForward<V>(samples, history, forward.data(), count);
     SectionHistory local = history; // stays in registers
-    use([&](std::size_t i) { return samples[i] = feedBack<healing>(forward[i], i, local); });
+    use([&](std::size_t i)
+            VELMORA_KERNEL_LAMBDA { return samples[i] = feedBack<healing>(forward[i], i, local); });
     history = local;
 }
 
 template <GlidedSection::Healing healing, typename V>
 inline void GlidedSection::run(double* samples, std::size_t count, SectionHistory& history)
 {
-    run<healing, V>(samples, count, history, [count](auto output) {
+    run<healing, V>(samples, count, history, [count](auto output) VELMORA_KERNEL_LAMBDA {
         for (std::size_t i = 0; i < count; ++i) output(i);
     });
 }

@@ -43,34 +43,36 @@ template <typename V>
 VELMORA_KERNEL void saturatorGains(SaturatorShape shape, double* levels, std::size_t count)
 {
     constexpr double kValveDrive = 0.33;
-    const auto leave = [](double*) {};
-    const auto root = [=](double* bent) {
-        mapLanes<V>(bent, bent, count, [](const V& v) { return sqrtLanes<V>(v); });
+    const auto leave = [](double*) VELMORA_KERNEL_LAMBDA {};
+    const auto root = [=](double* bent) VELMORA_KERNEL_LAMBDA {
+        mapLanes<V>(bent, bent, count, [](const V& v) VELMORA_KERNEL_LAMBDA { return sqrtLanes<V>(v); });
     };
     switch (shape) {
     case SaturatorShape::Valve1:
-        mapLanes<V>(levels, levels, count,
-                    [](const V& t) { return 1.0 / (kValveDrive * sqrtLanes<V>(t) + 1.0); });
+        mapLanes<V>(levels, levels, count, [](const V& t) VELMORA_KERNEL_LAMBDA {
+            return 1.0 / (kValveDrive * sqrtLanes<V>(t) + 1.0);
+        });
         break;
     case SaturatorShape::Valve2:
-        mapLanes<V>(levels, levels, count, [](const V& t) { return 1.0 / (kValveDrive * t + 1.0); });
+        mapLanes<V>(levels, levels, count,
+                    [](const V& t) VELMORA_KERNEL_LAMBDA { return 1.0 / (kValveDrive * t + 1.0); });
         break;
     case SaturatorShape::Tape1:
         detail::bendLevels<V>(
-            levels, count, [](double t) { return std::atan(t); }, leave);
+            levels, count, [](double t) VELMORA_KERNEL_LAMBDA { return std::atan(t); }, leave);
         break;
     case SaturatorShape::Tape2:
         detail::bendLevels<V>(
-            levels, count, [](double t) { return std::tanh(t); }, leave);
+            levels, count, [](double t) VELMORA_KERNEL_LAMBDA { return std::tanh(t); }, leave);
         break;
     case SaturatorShape::SoftClip:
         detail::bendLevels<V>(
-            levels, count, [](double t) { return std::tanh(t * t); }, root);
+            levels, count, [](double t) VELMORA_KERNEL_LAMBDA { return std::tanh(t * t); }, root);
         break;
     case SaturatorShape::HardClip:
         detail::bendLevels<V>(
-            levels, count, [](double t) { return std::tanh(t * t * t * t); },
-            [=](double* bent) { fourthRoots<V>(bent, count); });
+            levels, count, [](double t) VELMORA_KERNEL_LAMBDA { return std::tanh(t * t * t * t); },
+            [=](double* bent) VELMORA_KERNEL_LAMBDA { fourthRoots<V>(bent, count); });
         break;
     }
 }

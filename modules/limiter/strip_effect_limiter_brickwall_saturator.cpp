@@ -102,7 +102,7 @@ void StripEffectLimiter_BrickWall_Saturator::processBrickWall(const AudioRecord&
         processUndefined(in, out, frames);
         return;
     }
-    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+    processChunks(in, out, frames, [this](auto width, std::size_t count) VELMORA_KERNEL_LAMBDA {
         brickWall.process<Lanes<width>>(detect.data(), gains.data(), count, ceilingInverse.value(), mode,
                                         soft != 0);
         applyGains(count);
@@ -118,13 +118,14 @@ void StripEffectLimiter_BrickWall_Saturator::processSaturator(const AudioRecord&
     }
     emphasis.refresh();
     const auto curve = static_cast<SaturatorShape>(shape);
-    processChunks(in, out, frames, [this, curve](auto width, std::size_t count) {
+    processChunks(in, out, frames, [this, curve](auto width, std::size_t count) VELMORA_KERNEL_LAMBDA {
         const double scale = ceilingInverse.value();
         SaturatorLevel level = saturatorLevel; // the state stays in registers
-        const auto emphasise = [&](auto isSoft) {
+        const auto emphasise = [&](auto isSoft) VELMORA_KERNEL_LAMBDA {
             constexpr std::size_t kStages = isSoft ? 1 : SaturatorLevel::kStages;
             emphasis.runPre<Lanes<width>, kStages>(
-                detect.data(), audio.data(), count, [&](std::size_t stage, std::size_t i) {
+                detect.data(), audio.data(), count,
+                [&](std::size_t stage, std::size_t i) VELMORA_KERNEL_LAMBDA {
                     gains[i] =
                         level.step<isSoft>(stage, stage == 0 ? std::fabs(detect[i]) * scale : gains[i]);
                 });

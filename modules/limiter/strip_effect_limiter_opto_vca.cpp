@@ -169,14 +169,14 @@ void StripEffectLimiter_OptoVCA::processOpto(const AudioRecord& in, const AudioR
                                              std::int32_t frames)
 {
     if (hpfOn) highPass.refresh();
-    processChunks(in, out, frames, [this](auto width, std::size_t count) {
-        const auto limit = [&](auto key) {
+    processChunks(in, out, frames, [this](auto width, std::size_t count) VELMORA_KERNEL_LAMBDA {
+        const auto limit = [&](auto key) VELMORA_KERNEL_LAMBDA {
             opto.process<Lanes<width>>(key, gains.data(), count, ceilingInverse.value(), soft != 0);
         };
         if (hpfOn)
             highPass.run<kHealing, Lanes<width>>(detect.data(), count, highPassHistory, limit);
         else
-            limit([this](std::size_t i) { return detect[i]; });
+            limit([this](std::size_t i) VELMORA_KERNEL_LAMBDA { return detect[i]; });
         applyGains(count);
     });
 }
@@ -185,7 +185,7 @@ void StripEffectLimiter_OptoVCA::processVca(const AudioRecord& in, const AudioRe
                                             std::int32_t frames)
 {
     if (hpfOn) highPass.refresh();
-    processChunks(in, out, frames, [this](auto width, std::size_t count) {
+    processChunks(in, out, frames, [this](auto width, std::size_t count) VELMORA_KERNEL_LAMBDA {
         if (hpfOn) highPass.run<kHealing, Lanes<width>>(detect.data(), count, highPassHistory);
         vca.process<Lanes<width>>(detect.data(), gains.data(), count, ceilingInverse.value(), soft != 0);
         applyGains(count);

@@ -59,7 +59,7 @@ protected:
             std::copy_n(in.left(0) + start, count, input.begin()); // the output takes its place
             outputGain.step(chunkRate);
             ceilingInverse.step(chunkRate);
-            runWidest([&](auto width) {
+            runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
                 const auto length = static_cast<std::size_t>(count);
                 loadChunk(in, start, length);
                 work(width, length);

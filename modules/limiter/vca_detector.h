@@ -55,7 +55,7 @@ private:
 inline double VcaDetector::follow(double logLevel, double error, double magnitude, double floorLevel)
 {
     vcaFast += (floorLevel - vcaFast) * rates.fall;
-    const auto risen = [this](double level) {
+    const auto risen = [this](double level) VELMORA_KERNEL_LAMBDA {
         return std::max(vcaFast, vcaFast + (level - vcaFast) * rates.attack);
     };
     if (risen(logLevel - error) == risen(logLevel + error)) [[likely]]
@@ -85,9 +85,11 @@ inline void VcaDetector::process(const double* detect, double* gains, std::size_
     constexpr double kSoftMinimum = 1e-5;
 
     std::array<double, kChunk> magnitudes{};
-    mapLanes<V>(detect, magnitudes.data(), count,
-                [=](const V& x) { return absLanes<V>(x) * ceilingInverse + kLogGuard; });
-    mapLanes<V>(magnitudes.data(), gains, count, [](const V& x) { return log10Lanes<V>(x); });
+    mapLanes<V>(detect, magnitudes.data(), count, [=](const V& x) VELMORA_KERNEL_LAMBDA {
+        return absLanes<V>(x) * ceilingInverse + kLogGuard;
+    });
+    mapLanes<V>(magnitudes.data(), gains, count,
+                [](const V& x) VELMORA_KERNEL_LAMBDA { return log10Lanes<V>(x); });
     VcaDetector local = *this; // the state stays in registers: stores to gains can't alias it
     const double floorLevel = soft ? kSoftFloor : kHardFloor;
     for (std::size_t i = 0; i < count; ++i)
@@ -98,7 +100,8 @@ inline void VcaDetector::process(const double* detect, double* gains, std::size_
     if (soft) {
         softGains<V>(gains, count, kSoftMinimum);
     } else {
-        mapLanes<V>(gains, gains, count, [](const V& level) { return level + kGainGuard; });
+        mapLanes<V>(gains, gains, count,
+                    [](const V& level) VELMORA_KERNEL_LAMBDA { return level + kGainGuard; });
         hardGains<V>(gains, count);
     }
 }

@@ -72,7 +72,7 @@ void InstantSection::holdPrewarp()
 
 void InstantSection::prewarp(const SectionTracks& tracks, bool kindMoves, std::size_t frames)
 {
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
         for (std::size_t i = 0; i < frames; i += width) {
             const auto [c, s, q] = formulae::prewarp<V>(settings_.kind, loadLanes<V>(&tracks.hz[i]),
@@ -110,7 +110,7 @@ void InstantSection::amplify(const MarlowTrack& gainDb, std::size_t frames)
         amplitude_.fill(still());
         return;
     }
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
         for (std::size_t i = 0; i < frames; i += width)
             storeLanes<V>(&amplitude_[i], exp10Lanes<V>(loadLanes<V>(&gainDb[i]) / 40.0));
@@ -127,7 +127,7 @@ void InstantSection::amplify(const MarlowTrack& gainDb, std::size_t frames)
 
 void InstantSection::shape(std::size_t length)
 {
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
         for (std::size_t i = 0; i < length; i += width) {
             const formulae::PrewarpLanes<V> to{loadLanes<V>(&cosine_[i]), loadLanes<V>(&sine_[i]),

@@ -132,7 +132,7 @@ void StripEffectMarlow::detect(MarlowTrack& key, MarlowTrack& gainDb, std::size_
 {
     const bool filters = controlMode != MarlowControl::Off;
     if (filters) detection.design(filterType, controlMode, band, frames);
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
         DetectionFilter::History history = detection.history(); // in registers, like the followers
         DynamicGain gain = dynamicGain;
@@ -167,7 +167,7 @@ void StripEffectMarlow::filter(MarlowTrack& x, const MarlowTrack& gainDb, bool g
         dynamicFilter.design(filterType == MarlowShape::LowShelf ? StripBiquadKind::LowShelf
                                                                  : StripBiquadKind::HighShelf,
                              shelf, frames);
-    runWidest([&] {
+    runWidest([&]() VELMORA_KERNEL_LAMBDA {
         InstantSection::History history = dynamicFilter.history();
         for (std::size_t i = 0; i < frames; ++i) x[i] = dynamicFilter.process(x[i], i, history);
         dynamicFilter.setHistory(history);

@@ -75,7 +75,7 @@ void expectScalarsInEveryLane()
             a[lane] = kCorners[(pair + lane) % kCorners.size()];
             b[lane] = kCorners[(pair / kCorners.size() + 5 * lane) % kCorners.size()];
         }
-        runWidest([&] { useAll<V>(loadLanes<V>(a), loadLanes<V>(b), out); });
+        runWidest([&]() VELMORA_KERNEL_LAMBDA { useAll<V>(loadLanes<V>(a), loadLanes<V>(b), out); });
         for (std::size_t lane = 0; lane < n; ++lane) {
             const auto expected = scalars(a[lane], b[lane]);
             for (std::size_t i = 0; i < kResults; ++i) {
@@ -107,9 +107,10 @@ TEST(Lanes, MapTouchesItsValuesAndNoOthers)
             for (std::size_t i = 0; i < from.size(); ++i) from[i] = 1.0 + 0.3 * static_cast<double>(i);
             std::vector<double> to = from;
             const auto map = [&](const double* source) {
-                runWidest([&](auto width) {
+                runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
                     using V = Lanes<width>;
-                    mapLanes<V>(source, to.data(), count, [](const V& v) { return v * v - 0.1; });
+                    mapLanes<V>(source, to.data(), count,
+                                [](const V& v) VELMORA_KERNEL_LAMBDA { return v * v - 0.1; });
                 });
             };
             map(from.data());
@@ -127,7 +128,7 @@ TEST(Lanes, MapTouchesItsValuesAndNoOthers)
 std::size_t widthInUse()
 {
     std::size_t seen = 0;
-    runWidest([&](auto width) { seen = width; });
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA { seen = width; });
     return seen;
 }
 
@@ -171,7 +172,7 @@ TEST(RunWidest, SetsAgreeBitForBit)
     }
     forEachInstructionSet([&] {
         std::vector<double> lanes = input;
-        runWidest([&] {
+        runWidest([&]() VELMORA_KERNEL_LAMBDA {
             Lanes4 y{};
             for (std::size_t i = 0; i < lanes.size(); i += 4) {
                 const Lanes4 x = loadLanes<Lanes4>(&lanes[i]);

@@ -38,7 +38,7 @@ struct Function {
         label,                                                                                               \
             [](const Values& xs, const Values& ys, Values& out) {                                            \
                 out.resize(xs.size());                                                                       \
-                runWidest([&](auto width) {                                                                  \
+                runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {                                            \
                     using V = Lanes<width>;                                                                  \
                     for (std::size_t i = 0; i < xs.size(); i += width) {                                     \
                         const V x = loadLanes<V>(&xs[i]);                                                    \

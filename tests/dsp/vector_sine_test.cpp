@@ -18,10 +18,10 @@ struct Values {
 Values onLanes(const std::vector<double>& angles)
 {
     Values out{angles, angles};
-    runWidest([&](auto width) {
+    runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
         using V = Lanes<width>;
-        const auto sine = [](const V& x) { return sineCosineLanes<V>(x).sine; };
-        const auto cosine = [](const V& x) { return sineCosineLanes<V>(x).cosine; };
+        const auto sine = [](const V& x) VELMORA_KERNEL_LAMBDA { return sineCosineLanes<V>(x).sine; };
+        const auto cosine = [](const V& x) VELMORA_KERNEL_LAMBDA { return sineCosineLanes<V>(x).cosine; };
         mapLanes<V>(angles.data(), out.sine.data(), angles.size(), sine);
         mapLanes<V>(angles.data(), out.cosine.data(), angles.size(), cosine);
     });

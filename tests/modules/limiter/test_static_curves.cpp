@@ -161,7 +161,9 @@ TEST(LimiterCurves, SaturatorGainsAreExact)
         const auto levels = gains;
         const auto curve = static_cast<SaturatorShape>(shape);
         for (std::size_t from = 0; from < kLevels; from += kChunk) {
-            runWidest([&](auto width) { saturatorGains<Lanes<width>>(curve, gains.data() + from, kChunk); });
+            runWidest([&](auto width) VELMORA_KERNEL_LAMBDA {
+                saturatorGains<Lanes<width>>(curve, gains.data() + from, kChunk);
+            });
         }
         int different = 0;
         for (std::size_t i = 0; i < gains.size(); ++i) different += gains[i] != gain[shape](levels[i]);
