@@ -12,11 +12,11 @@ enum class ForbiddenCall {
     Allocate, ///< malloc, calloc, aligned_alloc and their like; what throws allocates first
     Free,
     Reallocate,
-    Map,    ///< mmap, munmap, mprotect, madvise
-    Lock,   ///< mutexes, read-write locks, condition variables, semaphores, joins
-    File,   ///< open, read, write, streams
-    Socket, ///< socket, connect, send, receive
-    Sleep,  ///< nanosleep and its like, poll, select, yield
+    Map,    ///< mmap, munmap, mprotect, madvise, mremap, sbrk
+    Lock,   ///< mutexes, spin and read-write locks, condition variables, semaphores, threads
+    File,   ///< open, read, write, stat, streams, printed text
+    Socket, ///< socket, connect, bind, accept, send, receive
+    Sleep,  ///< nanosleep and its like, poll, select, epoll, yield
     Raw,    ///< syscall()
     Count
 };

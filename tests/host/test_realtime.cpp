@@ -8,17 +8,25 @@
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/mman.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <cmath>
+#include <condition_variable>
 #include <cstdio>
 #include <limits>
 #include <memory>
 #include <mutex>
 #include <random>
 #include <thread>
-#include <unistd.h>
 
 namespace velmora::test {
 namespace {
@@ -106,18 +114,45 @@ TEST(Realtime, TheWatchSeesWhatItWatchesFor)
     const PluginOutput warm = runPlugin(*std::make_unique<RunningPlugin>(), Signal(64, 0.0));
     ForbiddenCounts before = RealtimeWatch::counts();
     std::mutex mutex;
+    std::condition_variable condition;
+    struct stat status;
+    char text[8];
+    FILE* const nowhere = std::fopen("/dev/null", "r+");
+    ASSERT_NE(nowhere, nullptr);
+    setvbuf(nowhere, nullptr, _IONBF, 0);
     {
         const RealtimeWatch watch;
         free(realloc(malloc(8), 64));
-        mutex.lock();
-        mutex.unlock();
+
+        void* const page = mmap(nullptr, 4096, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        munmap(mremap(page, 4096, 8192, MREMAP_MAYMOVE), 8192);
+
+        std::unique_lock lock(mutex);
+        condition.wait_for(lock, std::chrono::microseconds(1));
+        lock.unlock();
+
+        close(open("/dev/null", O_RDONLY));
+        close(openat(AT_FDCWD, "/dev/null", O_RDONLY));
+        stat("/dev/null", &status);
+        std::fprintf(nowhere, "%d", 1);
+        std::fputs("some", nowhere);
+        std::fflush(nowhere);
+        std::fgets(text, sizeof text, nowhere);
+
+        socket(-1, 0, 0);
+        shutdown(-1, SHUT_RDWR);
+
         usleep(1);
-        close(-1);
         std::this_thread::yield();
+        poll(nullptr, 0, 0);
+
+        syscall(SYS_getpid);
     }
+    std::fclose(nowhere);
     ForbiddenCounts seen = RealtimeWatch::counts();
     for (std::size_t i = 0; i < seen.size(); ++i) seen[i] -= before[i];
-    EXPECT_EQ(describe(seen), "allocate 1, free 1, reallocate 1, lock 2, file 1, sleep 2");
+    EXPECT_EQ(describe(seen),
+              "allocate 1, free 1, reallocate 1, map 3, lock 3, file 9, socket 2, sleep 3, syscall 1");
 
     before = RealtimeWatch::counts();
     {
