@@ -29,7 +29,7 @@ inline void PrintTo(const ModuleType& type, std::ostream* out)
 
 namespace velmora::test {
 
-inline constexpr double kRates[] = {44100.0, 48000.0, 88200.0, 96000.0, 192000.0, 384000.0};
+inline constexpr double kRates[] = {44100.0, 48000.0, 88200.0, 96000.0, 176400.0, 192000.0, 384000.0};
 
 /// A role of the rack with a module in it.
 struct Place {

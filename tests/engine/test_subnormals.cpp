@@ -102,9 +102,16 @@ TEST_P(SilentModules, KeepNoSubnormalTenSecondsAfterALoudPassage)
     constexpr double kLoudSeconds = 0.5;
     constexpr double kSilentSeconds = 10.0;
     int pieces = 0, met = 0;
+    std::vector<Values> settings{defaultsOf(GetParam()), randomValues(GetParam(), 5)};
+    if (GetParam().kind == ModuleKind::Preamp)
+        for (const double noise : {0.5, 1.0}) { // muted where nothing plays, and on
+            settings.push_back(defaultsOf(GetParam()));
+            settings.back()[kPreampNoiseIn] = noise;
+        }
     for (const double rate : kRates)
-        for (const Values& values : {defaultsOf(GetParam()), randomValues(GetParam(), 5)}) {
+        for (const Values& values : settings) {
             SCOPED_TRACE(rate);
+            SCOPED_TRACE(values[kPreampNoiseIn]);
             LoneModule module(GetParam(), values, rate);
             for (int left = static_cast<int>(rate * kLoudSeconds) / kPiece; left > 0; --left) module.run(1.0);
             for (int left = static_cast<int>(rate * kSilentSeconds) / kPiece; left > 0; --left, ++pieces)
