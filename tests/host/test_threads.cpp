@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
@@ -27,6 +28,27 @@ namespace {
 
 constexpr auto kDuration = std::chrono::milliseconds(1500);
 
+constexpr std::size_t kMostFrames = 512;
+
+/// One signal at all inputs.
+template <typename Sample>
+struct Buffers {
+    std::array<Sample, kMostFrames> in{}, left{}, right{};
+    Sample* ins[4] = {in.data(), in.data(), in.data(), in.data()};
+    Sample* outs[2] = {left.data(), right.data()};
+
+    void fill(double level, std::mt19937& random)
+    {
+        for (Sample& x : in)
+            x = static_cast<Sample>(level * (static_cast<double>(random() % 2001) * 0.001 - 1.0));
+    }
+    bool finite() const
+    {
+        const auto good = [](Sample y) { return std::isfinite(y); };
+        return std::ranges::all_of(left, good) && std::ranges::all_of(right, good);
+    }
+};
+
 class Session {
 public:
     Session() { RecordingHost::recording() = false; }
@@ -35,14 +57,20 @@ public:
     void audio()
     {
         std::mt19937 random(1);
-        std::array<float, 512> in, a{}, b{};
-        for (float& x : in) x = static_cast<float>(random() % 2001) * 0.001f - 1.0f;
-        float* ins[4] = {in.data(), in.data(), in.data(), in.data()};
-        float* outs[2] = {a.data(), b.data()};
+        Buffers<float> single;
+        Buffers<double> wide;
         while (running) {
             for (int i = 0; i < 4; ++i) automate(random);
-            effect.processReplacing(ins, outs, 1 + static_cast<std::int32_t>(random() % 512));
-            for (const float y : a) finite = finite && std::isfinite(y);
+            const auto frames = 1 + static_cast<std::int32_t>(random() % kMostFrames);
+            const double level = std::array{1.0, 0.0, 1e-310, 1e-40}[static_cast<unsigned>(blocks / 16 % 4)];
+            if (blocks % 2 == 0) {
+                single.fill(level, random);
+                effect.processReplacing(single.ins, single.outs, frames);
+            } else {
+                wide.fill(level, random);
+                effect.processDoubleReplacing(wide.ins, wide.outs, frames);
+            }
+            finite = finite && single.finite() && wide.finite();
             ++blocks;
         }
     }
