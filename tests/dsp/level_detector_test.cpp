@@ -1,6 +1,7 @@
 #include "dsp/level_meter.h"
 #include "dsp/run_widest.h"
 #include "tests/plain/level_detector.h"
+#include "tests/support/gap.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,7 @@ TEST(LevelDetector, BlocksEndWhereSamplesDoAtEveryLengthAndRate)
             const Signal expected = levels(signal, rates, longest, plain::followBlock);
             const Signal blocks = levels(signal, rates, longest, fast);
             for (std::size_t i = 0; i < expected.size(); ++i)
-                worst = std::max(worst, std::fabs(blocks[i] - expected[i]) / std::max(expected[i], 1e-9));
+                worst = std::max(worst, gapBetween(blocks[i], expected[i]) / std::max(expected[i], 1e-9));
             for (const InstructionSet set : {InstructionSet::Baseline, InstructionSet::Avx2}) {
                 if (set > widestInstructionSet()) continue;
                 const HeldInstructionSet held(set);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/strip_effect.h"
+#include "tests/support/gap.h"
 
 #include <algorithm>
 #include <array>
@@ -41,7 +42,7 @@ inline double peakOf(const Signal& signal, std::size_t from = 0)
 inline double largestDifference(const Signal& a, const Signal& b, std::size_t from = 0)
 {
     double worst = 0.0;
-    for (std::size_t i = from; i < a.size(); ++i) worst = std::max(worst, std::fabs(a[i] - b[i]));
+    for (std::size_t i = from; i < a.size(); ++i) worst = std::max(worst, gapBetween(a[i], b[i]));
     return worst;
 }
 

@@ -1,4 +1,5 @@
 #include "modules/dehummer/strip_effect_dehummer.h"
+#include "tests/support/gap.h"
 #include "tests/support/special_rig.h"
 
 namespace velmora::test {
@@ -80,7 +81,7 @@ TEST(Dehummer, CutsEveryHarmonicByItsShare)
                 double worst = 0.0;
                 for (std::size_t n = 1; n <= 18; ++n) {
                     const double law = attenuationDb(kShallow) * weight(n, brightness);
-                    worst = std::max(worst, std::fabs(got[n - 1] - law));
+                    worst = std::max(worst, gapBetween(got[n - 1], law));
                     EXPECT_NEAR(got[n - 1], law, 0.02) << mains.hz << " Hz, harmonic " << n;
                 }
                 std::printf("%6.0f Hz, hum %.1f Hz, brightness %3.0f %%: %.3f %.3f ... %.3f dB, worst %.4f\n",

@@ -1,4 +1,5 @@
 #include "tests/modules/expander/expander_rig.h"
+#include "tests/support/gap.h"
 
 #include <gtest/gtest.h>
 
@@ -218,7 +219,7 @@ TEST(Timing, ExpanderMovesInTwoStages)
             const double left = gap(arrival) - (1.0 - kTarget);
             const double expected =
                 n <= arrival ? 1.0 - gap(n) : kTarget - left * std::pow(both, n - arrival);
-            worst = std::max(worst, std::fabs(up[i] - expected));
+            worst = std::max(worst, gapBetween(up[i], expected));
         }
 
         rig.steadyGain(kOpen, 3.0);
@@ -227,7 +228,7 @@ TEST(Timing, ExpanderMovesInTwoStages)
             const double n = static_cast<double>(i + 1);
             const double lagged = std::pow(lag, n);
             const double left = lagged + (1.0 - lag) * fall * (std::pow(fall, n) - lagged) / (fall - lag);
-            worst = std::max(worst, std::fabs(down[i] - (kTarget + (1.0 - kTarget) * left)));
+            worst = std::max(worst, gapBetween(down[i], kTarget + (1.0 - kTarget) * left));
         }
         std::printf("expander at %.0f Hz: %.1e from its closed form\n", rate, worst);
         EXPECT_LT(worst, 1e-10);
@@ -273,7 +274,7 @@ TEST(ExpanderRule, BlockOfTargetsIsThePowerOfTheLevels)
         rule.prepare(targets.data(), targets.size());
         for (std::size_t i = 0; i < levels.size(); ++i) {
             const double law = levels[i] < 1.0 && exponent != 0.0 ? std::pow(levels[i], exponent) : 1.0;
-            worst = std::max(worst, std::fabs(targets[i] - law));
+            worst = std::max(worst, gapBetween(targets[i], law));
         }
     }
     std::printf("targets off by %.1e\n", worst);

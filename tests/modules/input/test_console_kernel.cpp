@@ -1,5 +1,6 @@
 #include "modules/input/console_emulation.h"
 #include "tests/plain/preamp_console.h"
+#include "tests/support/gap.h"
 #include "tests/support/instruction_sets.h"
 
 #include <gtest/gtest.h>
@@ -23,8 +24,18 @@ using preamp::RailBlocks;
 struct Session {
     double rate;
     int pieces;
-    bool hostile; ///< carries NaN, infinities and denormals
+    bool hostile; ///< carries NaN, denormals, giants and infinities
 };
+
+constexpr double kGiant = 2.0; // no ordinary programme comes out as loud
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr std::array kOddities{std::nan(""), 5e-324, 1e6, -kInfinity, -1e-310, 1e200, -1e6, kInfinity, 1e3};
+
+/// A circuit never comes back by itself from what has no square; another rate clears it.
+bool endless(double oddity)
+{
+    return !std::isfinite(oddity * oddity);
+}
 
 template <typename Console>
 std::vector<double> play(Console& console, int emulation, const Session& session)
@@ -51,12 +62,11 @@ std::vector<double> play(Console& console, int emulation, const Session& session
             blocks[0][i] = level * (std::sin(phase) + 0.3 * unit(random));
             blocks[1][i] = piece % 200 < 150 ? blocks[0][i] : level * unit(random);
         }
-        if (session.hostile && piece % 40 == 7) {
-            constexpr double kInfinity = std::numeric_limits<double>::infinity();
-            constexpr std::array<double, 5> kHostile{std::nan(""), 5e-324, 1e200, -kInfinity, kInfinity};
-            blocks[piece / 40 % 2][static_cast<unsigned>(piece % count)] =
-                kHostile[static_cast<unsigned>(piece / 40 % 5)];
-        }
+        const unsigned round = static_cast<unsigned>(piece / 40);
+        if (session.hostile && piece % 40 == 7)
+            blocks[round % 2][static_cast<unsigned>(piece % count)] = kOddities[round % kOddities.size()];
+        if (piece % 40 == 12 && endless(kOddities[round % kOddities.size()]) && session.hostile)
+            console.setSampleRate(session.rate);
         console.run(blocks, count);
         for (const auto& rail : blocks) out.insert(out.end(), rail.begin(), rail.begin() + count);
         out.push_back(console.saturationLevel());
@@ -65,21 +75,28 @@ std::vector<double> play(Console& console, int emulation, const Session& session
 }
 
 struct Difference {
-    double worst = 0.0; ///< of the reference's peak
+    double worst = 0.0; ///< of the reference's peak, which a giant raises for a short while only
     std::size_t unequal = 0;
+    std::size_t silent = 0; ///< zero or no number in the reference
 };
 
 Difference compare(const std::vector<double>& reference, const std::vector<double>& other)
 {
+    constexpr double kFade = 0.9999; // per value
     Difference difference;
-    double peak = 0.0;
+    if (reference.size() != other.size()) return {kInfinity, reference.size(), 0};
+    double usual = 1.0;
+    for (const double value : reference)
+        if (std::fabs(value) < kGiant) usual = std::max(usual, std::fabs(value));
+    double peak = usual;
     for (std::size_t i = 0; i < reference.size(); ++i) {
-        peak = std::max(peak, std::fabs(reference[i]));
+        difference.silent += reference[i] == 0.0 || std::isnan(reference[i]);
+        peak = std::max(usual, kFade * peak);
+        if (std::isfinite(reference[i])) peak = std::max(peak, std::fabs(reference[i]));
         if (std::bit_cast<std::uint64_t>(reference[i]) == std::bit_cast<std::uint64_t>(other[i])) continue;
         ++difference.unequal;
-        difference.worst = std::max(difference.worst, std::fabs(reference[i] - other[i]));
+        difference.worst = std::max(difference.worst, gapBetween(reference[i], other[i]) / peak);
     }
-    difference.worst /= peak;
     return difference;
 }
 
@@ -101,9 +118,12 @@ TEST(ConsoleKernel, SoundsAsThePlainConsoleOnEveryInstructionSet)
                     EXPECT_EQ(compare(first, fast).unequal, 0u) << "instruction sets agree";
                 });
                 const Difference difference = compare(reference, first);
-                std::printf("decade %d at %.0f Hz%s: %.2g of peak off the plain form, %zu of %zu unequal\n",
-                            emulation, rate, hostile ? ", hostile" : "", difference.worst, difference.unequal,
-                            reference.size());
+                std::printf(
+                    "decade %d at %.0f Hz%s: %.2g off the plain form, %zu of %zu unequal, %zu silent\n",
+                    emulation, rate, hostile ? ", hostile" : "", difference.worst, difference.unequal,
+                    reference.size(), difference.silent);
+                // The converter rounds quiet stretches to zero.
+                EXPECT_LT(difference.silent, emulation == preamp::kAdc90s ? reference.size() / 3 : 1);
                 if (emulation == preamp::kPre60s)
                     EXPECT_LT(difference.worst, 1e-11);
                 else

@@ -1,5 +1,6 @@
 #include "params/catalogue.h"
 #include "tests/modules/output/output_rig.h"
+#include "tests/support/gap.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ TEST(Fader, GlidesThroughThreeStages)
         for (std::size_t i = 0; i < y.size(); ++i) {
             const double n = static_cast<double>(i + 1);
             const double left = std::pow(1.0 - c, n) * (1.0 + n * c + n * (n + 1.0) / 2.0 * c * c);
-            worst = std::max(worst, std::fabs(y[i] - left));
+            worst = std::max(worst, gapBetween(y[i], left));
         }
         const auto half = std::find_if(y.begin(), y.end(), [](double v) { return v < 0.5; }) - y.begin();
         std::printf("fade out at %.0f Hz: half after %.1f ms, from the closed form %.1e\n", rate,

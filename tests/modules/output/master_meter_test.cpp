@@ -1,6 +1,7 @@
 #include "params/laws/output_laws.h"
 #include "tests/modules/output/output_rig.h"
 #include "tests/plain/master_control.h"
+#include "tests/support/gap.h"
 
 #include <gtest/gtest.h>
 
@@ -239,7 +240,7 @@ TEST(MasterControl, BlocksGiveTheSamplesAndReadingsOfThePlainForm)
                     if (std::isnan(target))
                         ASSERT_TRUE(std::isnan(reading)) << at;
                     else
-                        worst = std::max(worst, std::fabs(reading - target));
+                        worst = std::max(worst, gapBetween(reading, target));
                 };
                 compare(Rig::PeakL, std::max(expected.peak, peakBefore));
                 compare(Rig::RmsL, 1.4142 * std::max(expected.rms, rmsBefore));
