@@ -11,6 +11,7 @@
 #include <sys/select.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -173,6 +174,10 @@ PASS_ON(File, ssize_t, pread, (int file, void* to, std::size_t size, off_t offse
 PASS_ON(File, ssize_t, pwrite, (int file, const void* from, std::size_t size, off_t offset),
         (file, from, size, offset))
 PASS_ON(File, off_t, lseek, (int file, off_t offset, int whence), (file, offset, whence))
+PASS_ON(File, ssize_t, writev, (int file, const iovec* pieces, int count), (file, pieces, count))
+PASS_ON(File, off64_t, lseek64, (int file, off64_t offset, int whence), (file, offset, whence))
+PASS_ON(File, int, fstat64, (int file, struct stat64* status), (file, status))
+PASS_ON(File, FILE*, fopen64, (const char* path, const char* mode), (path, mode))
 PASS_ON(File, int, creat, (const char* path, mode_t mode), (path, mode))
 PASS_ON(File, int, stat, (const char* path, struct stat* status), (path, status))
 PASS_ON(File, int, lstat, (const char* path, struct stat* status), (path, status))
