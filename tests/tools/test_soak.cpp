@@ -82,9 +82,10 @@ TEST(Soak, RefusesWhatItDoesNotKnow)
 
 /// What came up in the scenarios of some seeds.
 struct Census {
-    void count(const soak::Cast& cast, std::uint64_t seed, double seconds)
+    void count(const soak::Cast& cast, std::uint64_t seed, double seconds,
+               soak::Scenario::Denormals denormals = soak::Scenario::Denormals::Included)
     {
-        soak::Scenario scenario(seed, cast);
+        soak::Scenario scenario(seed, cast, denormals);
         for (double played = 0.0; played < seconds;) {
             const soak::Step& step = scenario.next();
             played += step.frames / scenario.sampleRate();
@@ -152,6 +153,16 @@ TEST(SoakScenario, BringsEverythingUp)
     EXPECT_EQ(*census.blocks.rbegin(), soak::kLongestBlock);
     for (const long found : {census.huge, census.broken, census.denormal, census.silent}) EXPECT_GT(found, 0);
     EXPECT_GT(census.withoutSideChain, 0);
+}
+
+TEST(SoakScenario, LeavesDenormalsOutOfAComparison)
+{
+    const soak::Cast all;
+    Census census;
+    for (std::uint64_t seed = 1; seed <= 16; ++seed)
+        census.count(all, seed, 2.5, soak::Scenario::Denormals::LeftOut);
+    EXPECT_EQ(census.denormal, 0);
+    EXPECT_GT(census.broken, 0);
 }
 
 TEST(SoakScenario, KeepsToTheModulesThatAreNamed)

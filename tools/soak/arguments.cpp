@@ -35,8 +35,10 @@ std::optional<Arguments> parseArguments(int argc, const char* const* argv)
            "deesser, dehummer, marlow) or one by its name, e.g. \"FET Levelor\"; may be repeated")
         ->type_name("NAME")
         ->allow_extra_args(false);
-    app.add_option("--against", arguments.reference,
-                   "Plays the same through another build and fails if they differ by more than 1e-9")
+    app.add_option(
+           "--against", arguments.reference,
+           "Plays the same, without denormal samples, through another build and fails if they differ by "
+           "more than 1e-9")
         ->type_name("PATH");
     app.add_flag("--trace", arguments.trace, "Print everything that is done to the plug-in");
     app.add_option("--plugin", arguments.plugin, "The plug-in to load (default: the one beside this program)")

@@ -52,7 +52,7 @@ std::string describe(const Action& action)
                      restart.doublePrecision ? "double" : "single");
 }
 
-Scenario::Scenario(std::uint64_t seed, const Cast& cast)
+Scenario::Scenario(std::uint64_t seed, const Cast& cast, Denormals denormals)
     : dice_(seed),
       cast_(cast),
       earlierInstances_(dice_.below(3)),
@@ -62,6 +62,8 @@ Scenario::Scenario(std::uint64_t seed, const Cast& cast)
 {
     for (const RoleWindow& window : kRoleWindows)
         if (!cast.types(window.role).empty()) roles_.push_back(window.role);
+    if (denormals == Denormals::LeftOut)
+        for (SignalSource& source : sources_) source.leaveOutDenormals();
     step_.actions.reserve(kMostActions);
     for (auto& input : step_.inputs) input.reserve(kLongestBlock);
 }

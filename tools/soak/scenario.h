@@ -54,9 +54,13 @@ struct Step {
 /// The play of a whole session with one instance, made up from a seed: presets, automation, rebuilt racks,
 /// rates, block sizes and signals of every kind, in scenes of up to a few seconds. Nothing depends on what
 /// the plug-in answers, so several builds can play the same.
+///
+/// Builds may differ in whether they take a denormal sample for silence: a play for a comparison has none.
 class Scenario {
 public:
-    Scenario(std::uint64_t seed, const Cast& cast);
+    enum class Denormals { Included, LeftOut };
+
+    Scenario(std::uint64_t seed, const Cast& cast, Denormals denormals = Denormals::Included);
 
     /// Instances that the session made and closed before; the preamps of a library number through.
     int earlierInstances() const { return earlierInstances_; }

@@ -52,6 +52,12 @@ void SignalSource::fill(std::span<double> samples, double sampleRate)
 
 double SignalSource::next(double sampleRate)
 {
+    const double sample = nextOfKind(sampleRate);
+    return denormals_ || std::fpclassify(sample) != FP_SUBNORMAL ? sample : 0.0;
+}
+
+double SignalSource::nextOfKind(double sampleRate)
+{
     switch (kind_) {
     case SignalKind::Silence:
         return 0.0;

@@ -27,6 +27,8 @@ public:
 
     /// Goes on with another kind of signal.
     void choose(SignalKind kind);
+    /// Samples smaller than the least normal double become zero from now on.
+    void leaveOutDenormals() { denormals_ = false; }
     /// @param sampleRate Hz
     void fill(std::span<double> samples, double sampleRate);
 
@@ -44,6 +46,7 @@ private:
     };
 
     double next(double sampleRate);
+    double nextOfKind(double sampleRate);
     double nextOfMusic(double sampleRate);
     double nextOfTone(double sampleRate);
     double nextOfSquare(double sampleRate);
@@ -51,6 +54,7 @@ private:
     void pluck(Note& note);
 
     Dice dice_;
+    bool denormals_ = true;
     SignalKind kind_ = SignalKind::Silence;
     std::array<Note, kVoices> notes_;
     double level_ = 0.5;

@@ -36,7 +36,10 @@ constexpr std::int64_t kHeapAllowance = 64 << 10;
 class Run {
 public:
     Run(const SoakPlan& plan, std::uint64_t seed)
-        : plan_(plan), scenario_(seed, plan.cast), tested_(plan.plugin, scenario_.earlierInstances())
+        : plan_(plan),
+          scenario_(seed, plan.cast,
+                    plan.reference.empty() ? Scenario::Denormals::Included : Scenario::Denormals::LeftOut),
+          tested_(plan.plugin, scenario_.earlierInstances())
     {
         if (plan.reference.empty()) return;
         reference_.emplace(plan.reference, scenario_.earlierInstances());
