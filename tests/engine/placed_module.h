@@ -7,8 +7,11 @@
 #include "tests/support/measure.h"
 #include "tests/support/signals.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <map>
 #include <ostream>
 #include <random>
@@ -91,6 +94,22 @@ inline Values randomValues(const ModuleType& type, unsigned seed)
     return values;
 }
 
+/// The module's name without what a test's name can't have.
+inline std::string testName(const testing::TestParamInfo<ModuleType>& info)
+{
+    std::string name;
+    for (const char c : info.param.listName)
+        if (std::isalnum(static_cast<unsigned char>(c))) name += c;
+    return name;
+}
+
+/// Makes the preamp that is built next the unit with these component values, 0..15.
+inline void turnUnits(int next)
+{
+    while (StripEffectInput(16, 361, 438).instanceIndex() != (next + 15) % 16) {
+    }
+}
+
 /// A strip that knows the instances of its modules, so that their unclamped meters can be read.
 class KnownStrip {
     std::map<std::pair<std::uint32_t, std::int32_t>, StripEffect*> instances_; // by window and code
@@ -168,11 +187,6 @@ private:
         for (unsigned m = 0; m < readings.size(); ++m)
             module.getMeter(static_cast<std::uint32_t>(window.meterBase) + m, &readings[m]);
         return readings;
-    }
-    static void turnUnits(int next)
-    {
-        while (StripEffectInput(16, 361, 438).instanceIndex() != (next + 15) % 16) {
-        }
     }
     ModuleFactory knownModules()
     {

@@ -5,21 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <limits>
 
 namespace velmora::test {
 namespace {
-
-std::string testName(const testing::TestParamInfo<ModuleType>& info)
-{
-    std::string name;
-    for (const char c : info.param.listName)
-        if (std::isalnum(static_cast<unsigned char>(c))) name += c;
-    return name;
-}
 
 /// A test per module; `everywhere` runs a check at each of its places.
 class AllModules : public testing::TestWithParam<ModuleType> {
