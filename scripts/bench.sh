@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs every benchmark of a build and prints the tables of docs/performance.md.
-# usage: scripts/bench.sh [BUILD [SECONDS]]     SECONDS of each measurement, of which the best of three counts
+# usage: scripts/bench.sh [BUILD [SECONDS]]     SECONDS of each measurement, of which the best of seven counts
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -14,7 +14,7 @@ for program in "$build"/bin/bench_*; do
     name=${program##*/}
     [[ $name == bench_worst_block ]] && continue
     echo "$name" >&2
-    "$program" --benchmark_min_time="$seconds" --benchmark_repetitions=3 --benchmark_out="$out/$name.json" \
+    "$program" --benchmark_min_time="$seconds" --benchmark_repetitions=7 --benchmark_out="$out/$name.json" \
         --benchmark_out_format=json >/dev/null 2>"$out/$name.log" || { cat "$out/$name.log" >&2; exit 1; }
 done
 echo bench_worst_block >&2
