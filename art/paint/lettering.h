@@ -4,6 +4,7 @@
 
 #include <cairo.h>
 
+#include <string>
 #include <string_view>
 
 namespace velmora::art {
@@ -31,5 +32,12 @@ struct Lettering {
 double drawText(cairo_t* cr, std::string_view text, double x, double y, const Lettering& lettering);
 
 double textWidth(cairo_t* cr, std::string_view text, const Lettering& lettering);
+
+/// Font families of Face that this system doesn't have, separated by commas; empty if it has them all. Text
+/// in a missing family would come out in another one, without a word.
+std::string missingFamilies();
+
+/// Gives back what fonts took, at the end of a program; nothing may be written afterwards.
+void releaseFonts();
 
 } // namespace velmora::art
