@@ -16,19 +16,19 @@ struct Resource {
 };
 
 /// One list for each family, in ascending ids.
-std::span<const Resource> chassisResources();     // 30000..30070
-std::span<const Resource> footResources();        // 30120..30201
-std::span<const Resource> preampPanels();         // backgrounds 31000..31401
-std::span<const Resource> filterPanels();         // backgrounds 32000..32200
-std::span<const Resource> dynamicsPanels();       // backgrounds 33000..33200
-std::span<const Resource> compressorPanels();     // backgrounds 34000..34205
-std::span<const Resource> eqPanels();             // backgrounds 35000..35200
-std::span<const Resource> limiterPanels();        // backgrounds 36000..36301
-std::span<const Resource> masterPanels();         // backgrounds 37000, 37001
-std::span<const Resource> specialPanels();        // backgrounds 38000..38200
-std::span<const Resource> knobStrips();           // every filmstrip of a knob
-std::span<const Resource> switches();             // every switch, button and handle of the panels
-std::span<const Resource> meters();               // every lamp and meter of the panels
-std::span<const Resource> portraits();            // 90000..90023
+std::span<const Resource> chassisResources(); // 30000..30070
+std::span<const Resource> footResources();    // 30120..30201
+std::span<const Resource> preampPanels();     // backgrounds 31000..31401
+std::span<const Resource> filterPanels();     // backgrounds 32000..32200
+std::span<const Resource> dynamicsPanels();   // backgrounds 33000..33200
+std::span<const Resource> compressorPanels(); // backgrounds 34000..34205
+std::span<const Resource> eqPanels();         // backgrounds 35000..35200
+std::span<const Resource> limiterPanels();    // backgrounds 36000..36301
+std::span<const Resource> masterPanels();     // backgrounds 37000, 37001
+std::span<const Resource> specialPanels();    // backgrounds 38000..38200
+std::span<const Resource> knobStrips();       // every filmstrip of a knob
+std::span<const Resource> switches();         // every switch, button and handle of the panels
+std::span<const Resource> meters();           // every lamp and meter of the panels
+std::span<const Resource> portraits();        // 90000..90023
 
 } // namespace velmora::art

@@ -15,6 +15,24 @@ packages=(
     libsndfile1-dev
     python3
     libcli11-dev
+    libcairo2-dev
+    libfontconfig-dev
+    fontconfig
+    fonts-liberation
+    fonts-urw-base35
+    libpango1.0-dev
+    fonts-comic-neue
+    libxcb1-dev
+    libxcb-shm0-dev
+    libxcb-xkb-dev
+    libxcb-xtest0-dev
+    libxkbcommon-dev
+    libxkbcommon-x11-dev
+    xvfb
+    x11-xkb-utils
+    libx11-dev
+    libgtk-3-dev
+    qtbase5-dev
 )
 
 missing=()
