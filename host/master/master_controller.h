@@ -18,6 +18,11 @@ public:
     virtual void writeStoredSetting(std::int32_t id, double value) = 0;
     /// Leaves `out` alone if nothing valid is stored.
     virtual void readStoredSetting(std::int32_t id, double* out) = 0;
+    /// A change by the user at a control of the editor: the host hears it first, then the rules react.
+    virtual void editParameter(std::int32_t id, double value) { setParameter(id, value); }
+    /// From here to `endGesture` the edits of this id are one touch for the host. One id at a time.
+    virtual void beginGesture(std::int32_t) {}
+    virtual void endGesture(std::int32_t) {}
     virtual QORBasePresetStore* getPresetStore() = 0;
     virtual QORBaseParametersController* getController() = 0;
 
