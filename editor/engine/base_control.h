@@ -11,6 +11,7 @@
 namespace velmora {
 
 class QOREngineView;
+class QORViewContainer;
 
 /// What widget the toolkit builds for a control. Kinds 1 to 9 and 13 are drawn by the control itself.
 enum ControlKind : std::uint32_t {
@@ -30,7 +31,8 @@ public:
     static constexpr std::size_t kMaxHintBytes = 511;
 
     /// @param tag a parameter id, or an editor-local id from 438 on that never reaches the host
-    QORBaseControl(const Rect& place, std::uint32_t controlTag, QORBitmap* picture, std::uint32_t controlKind);
+    QORBaseControl(const Rect& place, std::uint32_t controlTag, QORBitmap* picture,
+                   std::uint32_t controlKind);
     virtual ~QORBaseControl();
     QORBaseControl(const QORBaseControl&) = delete;
     QORBaseControl& operator=(const QORBaseControl&) = delete;
@@ -41,13 +43,14 @@ public:
     virtual void rescale(double factor);
     virtual void draw(QORDrawContext* context);
     virtual int onMouseDown(Point point, std::uint32_t buttons);
+    /// Without any button in `buttons` the press was taken away, as when the control goes out of the window.
     virtual int onMouseUp(Point point, std::uint32_t buttons);
     virtual int onMouseMoved(Point point, std::uint32_t buttons);
     virtual int onMouseEntered(Point point, std::uint32_t buttons);
     virtual int onMouseExited(Point point, std::uint32_t buttons);
     /// @param distance notches, up is positive
     virtual void onMouseWheel(Point point, float distance, std::uint32_t buttons);
-    /// Sets the value and tells the engine.
+    /// Sets the value and tells the engine; what is no number is ignored.
     virtual void commitValue(double newValue);
 
     /// Clamps to 0..1; what is no number is ignored.
@@ -68,10 +71,14 @@ public:
     bool isMouseEnabled() const { return mouseEnabled; }
     void setHintTracking(bool tracking) { hintTracking = tracking; }
 
+    /// The container that owns it, or null before it was added to one.
+    void setContainer(QORViewContainer* owner) { container = owner; }
+    QORViewContainer* getContainer() const { return container; }
     void setPeer(QOREngineView* view) { peer = view; }
     QOREngineView* getPeer() const { return peer; }
 
-    /// The hint-tracking control under the mouse, or null.
+    /// The hint-tracking control under the mouse, or null. To compare with only: it may be in another
+    /// instance's window, on another thread.
     static QORBaseControl* hovered();
 
 protected:
@@ -85,6 +92,7 @@ protected:
     bool mouseEnabled = true;
     bool hintTracking = false;
     QOREngineView* peer = nullptr;
+    QORViewContainer* container = nullptr;
     std::unique_ptr<char[]> hint;
     Rect designRect;
 };

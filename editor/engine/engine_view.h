@@ -18,6 +18,7 @@ public:
     virtual void valueChanged() = 0;
     virtual void setTooltip(std::string_view text) = 0;
     virtual void setBackgroundColor(Rgba colour) = 0;
+    /// Marks dirty if the value is another; a control whose look depends on more marks itself.
     /// @range 0..1
     virtual void setValue(double value) = 0;
     virtual void setViewSize(const Rect& rect) = 0;
@@ -53,6 +54,7 @@ public:
     virtual int getCurrent() = 0;
     /// Opens the list; the choice comes later, as a change of the control's value.
     virtual void popup() = 0;
+    virtual bool isPopupOpen() = 0;
 };
 
 } // namespace velmora

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/engine/geometry.h"
+#include "host/master/parameter_listener.h"
 
 #include <cstdint>
 
@@ -11,11 +12,10 @@ class QORBasePresetStore;
 class QORBitmap;
 class QORViewContainer;
 
-/// The one way from the editor to a view toolkit and to the host. All calls come on the thread that opened the
-/// window.
-class QORMasterGraphicalEngine {
+/// The one way from the editor to a view toolkit and to the host. All calls come on the thread that opened
+/// the window.
+class QORMasterGraphicalEngine : public QORParameterListener {
 public:
-    virtual ~QORMasterGraphicalEngine() = default;
     /// The ground of the plug-in area; the frame's own colour is cleared.
     virtual void setBackground(QORBitmap* bitmap) = 0;
     virtual void setBackgroundResource(std::uint32_t id) = 0;
@@ -40,10 +40,8 @@ public:
     /// Paints everything at once.
     virtual void redraw() = 0;
     virtual QORBaseParametersController* getStateBlock() = 0;
-    /// Of the editor; called at the host's pace.
+    /// One tick of 17 ms.
     virtual void idle() = 0;
-    /// A value from host or engine, on its way to the editor.
-    virtual void setParameter(std::int32_t id, double value) = 0;
     virtual void setPresetHandler(QORBasePresetStore* store) = 0;
     virtual void setStateBlock(QORBaseParametersController* state) = 0;
     virtual double getZoomFactor() = 0;
