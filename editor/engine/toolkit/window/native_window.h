@@ -29,13 +29,13 @@ enum class Key {
 
 struct KeyPress {
     Key key = Key::None;
-    std::string text;            ///< UTF-8 that the key types; empty for keys that type nothing or with control held
-    char32_t letter = 0;         ///< lower-case letter of the key whatever is held, for shortcuts; 0 if none
+    std::string text;    ///< UTF-8 that the key types; empty for keys that type nothing or with control held
+    char32_t letter = 0; ///< lower-case letter of the key whatever is held, for shortcuts; 0 if none
     std::uint32_t modifiers = 0; ///< `kShiftKey`, `kControlKey`, `kAltKey`
 };
 
 /// What a window tells its owner, only from inside `pollEvents`. Points in the window's pixels; `buttons` is
-/// the button word, for a press or release with the button in question set.
+/// the button word, for a press with the button in question set, for a release with it as the only one.
 class WindowListener {
 public:
     virtual ~WindowListener() = default;
@@ -55,6 +55,7 @@ public:
 };
 
 inline constexpr std::size_t kMaxPastedBytes = 1 << 16;
+inline constexpr int kMostWindowSide = 8192; ///< pixels; larger windows are cut to it
 
 /// Pixels that a frame draws into: 32 bits each, premultiplied alpha, red in bits 16 to 23.
 struct PixelBuffer {
