@@ -9,6 +9,12 @@ AudioEffect& self(AEffect* record)
     return *static_cast<AudioEffect*>(record->object);
 }
 
+/// Modifiers come as a float; what is no small set of bits counts as none.
+std::int32_t modifiersOf(float opt)
+{
+    return opt >= 0.0f && opt < 256.0f ? static_cast<std::int32_t>(opt) : 0;
+}
+
 } // namespace
 
 AudioEffect::AudioEffect(HostCallback host, std::int32_t programs, std::int32_t parameters)
@@ -102,11 +108,9 @@ std::intptr_t AudioEffect::dispatchEditor(std::int32_t opcode, std::int32_t inde
         editor->idle();
         return 0;
     case effEditKeyDown:
-        return editor->onKeyDown(index, static_cast<std::int32_t>(value), static_cast<std::int32_t>(opt)) ? 1
-                                                                                                          : 0;
+        return editor->onKeyDown(index, static_cast<std::int32_t>(value), modifiersOf(opt)) ? 1 : 0;
     case effEditKeyUp:
-        return editor->onKeyUp(index, static_cast<std::int32_t>(value), static_cast<std::int32_t>(opt)) ? 1
-                                                                                                        : 0;
+        return editor->onKeyUp(index, static_cast<std::int32_t>(value), modifiersOf(opt)) ? 1 : 0;
     case effSetEditKnobMode:
         return editor->setKnobMode(static_cast<std::int32_t>(value)) ? 1 : 0;
     default:

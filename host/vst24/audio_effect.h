@@ -104,6 +104,11 @@ public:
 
     void beginEdit(std::int32_t index) { callHost(audioMasterBeginEdit, index); }
     void endEdit(std::int32_t index) { callHost(audioMasterEndEdit, index); }
+    /// Asks the host to follow a new size of the editor, in pixels. @return whether it did.
+    bool sizeWindow(std::int32_t width, std::int32_t height)
+    {
+        return callHost(audioMasterSizeWindow, width, height) != 0;
+    }
     /// @return the host's record, valid until the next call, or null.
     VstTimeInfo* getTimeInfo(std::int32_t filter);
 

@@ -49,6 +49,12 @@ void ParameterMailbox::repostInsert(const RoleWindow& window)
         pendingForEngine.mark(window.windowBase + offset);
 }
 
+void ParameterMailbox::remindEditor()
+{
+    for (ParameterId id = 0; id < kIdCount; ++id)
+        if (static_cast<float>(exactValue(id)) != value(id)) pendingForEditor.mark(id);
+}
+
 void ParameterMailbox::flush(QORBaseAudioProcessor& engine)
 {
     if (!pendingForEngine.any()) return;

@@ -40,6 +40,10 @@ public:
     /// Audio thread: passes every pending change to the engine.
     void flush(QORBaseAudioProcessor& engine);
 
+    /// The editor has been shown the host's view: where a reaction has moved the exact value away from that,
+    /// it still has to see it.
+    void remindEditor();
+
     /// User interface: calls visit(id) for every id that the editor hasn't seen.
     template <typename Visit>
     void takeForEditor(Visit visit)

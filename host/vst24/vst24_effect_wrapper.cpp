@@ -1,7 +1,8 @@
 #include "host/vst24/vst24_effect_wrapper.h"
 
 #include "engine/velmora_mono_effect.h"
-#include "host/master/base_editor.h"
+#include "host/master/parameter_listener.h"
+#include "host/vst24/vst24_editor_wrapper.h"
 #include "host/vst24/vst24_master_audio_effect.h"
 #include "host/vst24/vst24_master_controller.h"
 #include "params/catalogue.h"
@@ -38,7 +39,10 @@ QORVST24EffectWrapper::QORVST24EffectWrapper(HostCallback host)
     engine = std::make_unique<VelmoraMonoEffect>();
     engine->master = masterAudio.get();
 
-    setFlag(effFlagsCanReplacing | effFlagsProgramChunks | effFlagsCanDoubleReplacing, true);
+    editorWrapper = std::make_unique<QORVST24EditorWrapper>(*this);
+    setEditor(editorWrapper.get());
+    setFlag(effFlagsHasEditor | effFlagsCanReplacing | effFlagsProgramChunks | effFlagsCanDoubleReplacing,
+            true);
     effect.numInputs = kInputs;
     effect.numOutputs = kOutputs;
     effect.uniqueID = kUniqueId;
@@ -53,7 +57,11 @@ QORVST24EffectWrapper::QORVST24EffectWrapper(HostCallback host)
     engine->reset();
 }
 
-QORVST24EffectWrapper::~QORVST24EffectWrapper() = default;
+// A host may close the effect with its window open: the editor still speaks to the others while it closes.
+QORVST24EffectWrapper::~QORVST24EffectWrapper()
+{
+    editorWrapper->close();
+}
 
 void QORVST24EffectWrapper::suspend()
 {
@@ -168,31 +176,42 @@ void QORVST24EffectWrapper::leaveClaim()
     } while (deferredReactions.any() && claim.tryEnter());
 }
 
-void QORVST24EffectWrapper::tellEditor(std::int32_t id, double value)
+void QORVST24EffectWrapper::tellEditor(std::int32_t id, double value) noexcept
 {
     if (!onUserInterfaceThread()) {
         if (id >= kIdCount) commandPending.store(true); // parameters wait in the mailbox
-    } else if (editor != nullptr) {
-        editor->setParameter(id, value);
+    } else {
+        showEditor(id, value);
     }
 }
 
-void QORVST24EffectWrapper::attachEditor(QORBaseEditor* openEditor)
+// An editor that runs out of memory misses a picture; the change itself must go its whole way.
+void QORVST24EffectWrapper::showEditor(std::int32_t id, double value) noexcept
+{
+    if (editor == nullptr) return;
+    try {
+        editor->setParameter(id, value);
+    } catch (...) {
+    }
+}
+
+void QORVST24EffectWrapper::attachEditor(QORParameterListener* openEditor)
 {
     uiThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
     editor = openEditor;
+    if (openEditor != nullptr) mailbox.remindEditor(); // behind the host's values, at the first idle
 }
 
 void QORVST24EffectWrapper::idleEditor()
 {
     uiThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
     if (editor == nullptr) return;
-    mailbox.takeForEditor([this](ParameterId id) { editor->setParameter(id, mailbox.exactValue(id)); });
+    mailbox.takeForEditor([this](ParameterId id) { showEditor(id, mailbox.exactValue(id)); });
     for (ParameterId id = kFirstMeterId; id <= kTotalGainReductionId; ++id) {
         double reading = 0.0;
-        if (engine->getParameter(id, &reading)) editor->setParameter(id, reading);
+        if (engine->getParameter(id, &reading)) showEditor(id, reading);
     }
-    if (commandPending.exchange(false)) editor->setParameter(kRefreshCommand, 1.0);
+    if (commandPending.exchange(false)) showEditor(kRefreshCommand, 1.0);
     controller->idle();
 }
 

@@ -9,13 +9,14 @@
 #include <thread>
 
 namespace velmora {
-class QORBaseEditor;
+class QORParameterListener;
 class VelmoraMonoController;
 class VelmoraMonoEffect;
 } // namespace velmora
 
 namespace velmora::vst24 {
 
+class QORVST24EditorWrapper;
 class QORVST24MasterAudioEffect;
 class QORVST24MasterController;
 
@@ -84,8 +85,9 @@ public:
 
     QORVST24MasterController& getMasterController() { return *masterController; }
 
+    QORVST24EditorWrapper& getEditorWrapper() { return *editorWrapper; }
     /// The open editor, or null. User interface thread.
-    void attachEditor(QORBaseEditor* openEditor);
+    void attachEditor(QORParameterListener* openEditor);
     /// Passes the editor what has changed, and the meters.
     void idleEditor();
 
@@ -93,7 +95,8 @@ private:
     void beginBlock();
     void deferChange(std::int32_t id, float value);
     void processReaction(std::int32_t id, double value, bool accepted);
-    void tellEditor(std::int32_t id, double value);
+    void tellEditor(std::int32_t id, double value) noexcept;
+    void showEditor(std::int32_t id, double value) noexcept;
     /// A host may create the effect on a thread that runs audio later: who processes is never taken for the
     /// user interface.
     bool onUserInterfaceThread() const
@@ -103,12 +106,13 @@ private:
                audioThread.load(std::memory_order_relaxed) != self;
     }
 
+    std::unique_ptr<QORVST24EditorWrapper> editorWrapper;
     // Each speaks to those above it until its end: the order counts, also when construction fails half-way.
     std::unique_ptr<QORVST24MasterAudioEffect> masterAudio;
     std::unique_ptr<QORVST24MasterController> masterController;
     std::unique_ptr<VelmoraMonoController> controller;
     std::unique_ptr<VelmoraMonoEffect> engine;
-    QORBaseEditor* editor = nullptr;
+    QORParameterListener* editor = nullptr;
 
     ParameterMailbox mailbox;
     std::atomic<bool> commandPending{false};

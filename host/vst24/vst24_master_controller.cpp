@@ -1,6 +1,7 @@
 #include "host/vst24/vst24_master_controller.h"
 
 #include "host/master/base_parameters_controller.h"
+#include "host/master/raised_flag.h"
 #include "host/vst24/vst24_effect_wrapper.h"
 #include "params/catalogue.h"
 #include "platform/settings_store.h"
@@ -66,23 +67,39 @@ void QORVST24MasterController::editParameter(std::int32_t id, double value)
     const auto claimed = wrapper.claimReactions();
     sendSilently(id, value);
     if (viewChange || controller == nullptr) return;
-    viewChange = true;
+    const RaisedFlag raised(viewChange);
     controller->parameterChanged(id, value);
-    viewChange = false;
+}
+
+void QORVST24MasterController::beginGesture(std::int32_t id)
+{
+    const auto claimed = wrapper.claimReactions();
+    endGesture(gestureId);
+    if (!isAutomatable(id)) return;
+    gestureId = id;
+    wrapper.beginEdit(id);
+}
+
+void QORVST24MasterController::endGesture(std::int32_t id)
+{
+    const auto claimed = wrapper.claimReactions();
+    if (id == kNoGesture || id != gestureId) return;
+    gestureId = kNoGesture;
+    wrapper.endEdit(id);
 }
 
 void QORVST24MasterController::react(std::int32_t id, double value)
 {
     if (silent || inReaction || controller == nullptr) return;
-    inReaction = true;
+    const RaisedFlag raised(inReaction);
     controller->parameterChanged(id, value);
-    inReaction = false;
 }
 
 void QORVST24MasterController::send(std::int32_t id, double value)
 {
     const auto narrow = static_cast<float>(value);
     if (!isAutomatable(id)) return wrapper.setParameter(id, narrow);
+    if (id == gestureId) return wrapper.setParameterAutomated(id, narrow);
     wrapper.beginEdit(id);
     wrapper.setParameterAutomated(id, narrow);
     wrapper.endEdit(id);
@@ -90,9 +107,8 @@ void QORVST24MasterController::send(std::int32_t id, double value)
 
 void QORVST24MasterController::sendSilently(std::int32_t id, double value)
 {
-    silent = true;
+    const RaisedFlag raised(silent);
     send(id, value);
-    silent = false;
 }
 
 void QORVST24MasterController::writeStoredSetting(std::int32_t id, double value)

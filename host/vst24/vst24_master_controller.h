@@ -19,15 +19,15 @@ public:
     ~QORVST24MasterController() override;
 
     void setParameter(std::int32_t id, double value) override;
+    void editParameter(std::int32_t id, double value) override;
+    void beginGesture(std::int32_t id) override;
+    void endGesture(std::int32_t id) override;
     void writeStoredSetting(std::int32_t id, double value) override;
     void readStoredSetting(std::int32_t id, double* out) override;
     QORBasePresetStore* getPresetStore() override;
     QORBaseParametersController* getController() override { return controller; }
     void beginBulk() override;
     void endBulk() override;
-
-    /// A change by a control of the editor: the host hears it first, then the controller reacts.
-    void editParameter(std::int32_t id, double value);
 
     PresetStore* store() { return presetStore.get(); }
     void setController(QORBaseParametersController* newController) { controller = newController; }
@@ -36,6 +36,8 @@ public:
     void react(std::int32_t id, double value);
 
 private:
+    static constexpr std::int32_t kNoGesture = -1;
+
     void send(std::int32_t id, double value);
     void sendSilently(std::int32_t id, double value);
 
@@ -44,6 +46,7 @@ private:
     bool viewChange = false; // the next change sent is the reaction to an edit that the host has heard
     bool inReaction = false;
     bool silent = false; // the host hears, the controller doesn't
+    std::int32_t gestureId = kNoGesture;
     std::unique_ptr<PresetStore> presetStore;
 };
 

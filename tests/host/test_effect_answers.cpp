@@ -42,7 +42,8 @@ TEST_F(EffectAnswersTest, TheRecord)
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(&record->uniqueID), 4), "MVqQ");
     EXPECT_EQ(record->version, 1200);
     EXPECT_EQ(record->initialDelay, 0);
-    constexpr std::int32_t kFlags = effFlagsCanReplacing | effFlagsProgramChunks | effFlagsCanDoubleReplacing;
+    constexpr std::int32_t kFlags =
+        effFlagsHasEditor | effFlagsCanReplacing | effFlagsProgramChunks | effFlagsCanDoubleReplacing;
     EXPECT_EQ(record->flags, kFlags);
     call(effSetSampleRate, 0, 0, nullptr, 48000.0f);
     EXPECT_EQ(record->flags, kFlags | effFlagsNoSoundInStop);
@@ -72,8 +73,8 @@ TEST_F(EffectAnswersTest, NamesAndNumbers)
                                          effString2Parameter,
                                          effGetInputProperties,
                                          effGetOutputProperties,
-                                         effEditGetRect,
-                                         effEditOpen,
+                                         effEditOpen, // of a window that isn't one
+                                         effEditClose,
                                          effEditIdle,
                                          effVendorSpecific,
                                          1000,
@@ -87,6 +88,17 @@ TEST_F(EffectAnswersTest, NamesAndNumbers)
                                              effGetParameterProperties, effGetProgramNameIndexed,
                                              effSetSpeakerArrangement,  effGetSpeakerArrangement};
     for (const std::int32_t opcode : buffered) EXPECT_EQ(call(opcode), 0) << "null buffer, opcode " << opcode;
+}
+
+TEST_F(EffectAnswersTest, SizeOfTheEditorBeforeItOpens)
+{
+    ERect* rect = nullptr;
+    ASSERT_EQ(call(effEditGetRect, 0, 0, &rect), 1);
+    EXPECT_EQ(rect->left, 0);
+    EXPECT_EQ(rect->top, 0);
+    EXPECT_EQ(rect->right, 1515);
+    EXPECT_EQ(rect->bottom, 712);
+    EXPECT_EQ(call(effEditOpen, 0, 0, nullptr), 0);
 }
 
 TEST_F(EffectAnswersTest, ProgramNamesOfTheFirstList)

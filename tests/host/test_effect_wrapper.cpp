@@ -230,6 +230,23 @@ TEST_F(EffectWrapperTest, TheEditorSeesChangesMetersAndCommandsAtIdle)
     effect.attachEditor(nullptr);
 }
 
+TEST_F(EffectWrapperTest, AReopenedEditorSeesWhatReactionsMoved)
+{
+    RecordingEditor editor;
+    effect.attachEditor(&editor);
+    effect.setParameter(17, 0.25f);
+    effect.idleEditor();
+    effect.attachEditor(nullptr);
+    ASSERT_NE(effect.getParameter(49), 0.0f) << "the host's view, which the editor gets at its opening";
+    editor.heard.clear();
+    effect.attachEditor(&editor);
+    effect.idleEditor();
+    ASSERT_EQ(editor.heard[49].size(), 1u);
+    EXPECT_EQ(editor.heard[49].back(), 0.0);
+    EXPECT_EQ(editor.heard.count(17), 0u) << "both views agree";
+    effect.attachEditor(nullptr);
+}
+
 TEST_F(EffectWrapperTest, NothingThatTheEditorThrowsReachesTheHost)
 {
     struct ThrowingEditor : RecordingEditor {
